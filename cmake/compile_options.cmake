@@ -1,0 +1,18 @@
+# The one place for warnings, sanitizers and floating-point rules. Every target of ours links
+# peakwright_options.
+option(PEAKWRIGHT_WERROR "Treat warnings as errors" OFF)
+option(PEAKWRIGHT_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
+
+add_library(peakwright_options INTERFACE)
+target_include_directories(peakwright_options INTERFACE ${PROJECT_SOURCE_DIR})
+# The report's digits are part of its contract: no fused multiply-add, no fast-math.
+target_compile_options(peakwright_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -ffp-contract=off
+  $<$<BOOL:${PEAKWRIGHT_WERROR}>:-Werror>)
+
+if(PEAKWRIGHT_SANITIZE)
+  set(sanitizers -fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all
+                 -fno-omit-frame-pointer)
+  target_compile_options(peakwright_options INTERFACE ${sanitizers})
+  target_link_options(peakwright_options INTERFACE ${sanitizers})
+endif()
