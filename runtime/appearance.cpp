@@ -1,0 +1,109 @@
+#include "runtime/appearance.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <QApplication>
+#include <QColor>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusVariant>
+#include <QPalette>
+#include <QStyle>
+#include <QWidget>
+
+#include "runtime/color.h"
+
+namespace peakwright {
+namespace {
+
+constexpr double kReadable = 4.5;     // The least contrast of text (WCAG 2.1, level AA).
+constexpr int kPortalTimeout = 1000;  // ms; nothing waits for the answer.
+
+double Luminance(const QColor& color) {
+  const auto linear = [](double channel) {
+    return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+         0.0722 * linear(color.blueF());
+}
+
+bool IsDark(const QPalette& palette) {
+  return palette.color(QPalette::WindowText).lightness() >
+         palette.color(QPalette::Window).lightness();
+}
+
+QPalette DarkPalette() {
+  const QColor window(0x2d, 0x2d, 0x2d);
+  const QColor text(0xf2, 0xf2, 0xf2);
+  QPalette palette(QColor(0x45, 0x45, 0x45), window);
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    palette.setColor(role, text);
+    palette.setColor(QPalette::Disabled, role, QColor(0x9a, 0x9a, 0x9a));
+  }
+  palette.setColor(QPalette::Base, QColor(0x1e, 0x1e, 0x1e));
+  palette.setColor(QPalette::AlternateBase, QColor(0x26, 0x26, 0x26));
+  palette.setColor(QPalette::Highlight, QColor(0x2a, 0x6f, 0xc9));
+  palette.setColor(QPalette::HighlightedText, Qt::white);
+  return palette;
+}
+
+}  // namespace
+
+bool Color::IsDarkMode() { return IsDark(QApplication::palette()); }
+
+void FollowSystemAppearance() {
+#if QT_VERSION < QT_VERSION_CHECK(6, 5, 0) && defined(Q_OS_LINUX)
+  // Before 6.5 the toolkit doesn't ask the desktop for its colour scheme. Where no bus runs, none
+  // is started for this.
+  if (!qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS")) return;
+  QDBusMessage question = QDBusMessage::createMethodCall(
+      QStringLiteral("org.freedesktop.portal.Desktop"),
+      QStringLiteral("/org/freedesktop/portal/desktop"),
+      QStringLiteral("org.freedesktop.portal.Settings"), QStringLiteral("Read"));
+  question << QStringLiteral("org.freedesktop.appearance") << QStringLiteral("color-scheme");
+  const QDBusPendingCall call = QDBusConnection::sessionBus().asyncCall(question, kPortalTimeout);
+  auto* watcher = std::make_unique<QDBusPendingCallWatcher>(call, qApp).release();
+  QObject::connect(watcher, &QDBusPendingCallWatcher::finished, qApp, [watcher] {
+    const QDBusPendingReply<QDBusVariant> reply = *watcher;
+    watcher->deleteLater();
+    if (reply.isError()) return;
+    QVariant scheme = reply.value().variant();
+    if (scheme.canConvert<QDBusVariant>()) scheme = scheme.value<QDBusVariant>().variant();
+    constexpr uint kPrefersDark = 1;
+    if (scheme.toUInt() == kPrefersDark && !Color::IsDarkMode()) ShowAppearance(true);
+  });
+#endif
+}
+
+void ShowAppearance(bool dark) {
+  QApplication::setPalette(dark ? DarkPalette() : QApplication::style()->standardPalette());
+}
+
+double Contrast(const QColor& one, const QColor& other) {
+  const auto [darker, lighter] = std::minmax({Luminance(one), Luminance(other)});
+  return (lighter + 0.05) / (darker + 0.05);
+}
+
+void FixFieldColors(QWidget& field, std::uint32_t text, std::uint32_t background) {
+  QPalette palette = field.palette();
+  palette.setColor(QPalette::Text, QColor::fromRgb(text));
+  palette.setColor(QPalette::Base, QColor::fromRgb(background));
+  palette.setColor(QPalette::Highlight, QColor(0x1f, 0x5f, 0xb8));
+  palette.setColor(QPalette::HighlightedText, Qt::white);
+  field.setPalette(palette);
+}
+
+void SetReadableTextColor(QWidget& label, std::uint32_t text) {
+  const QColor wanted = QColor::fromRgb(text);
+  const QPalette appearance = QApplication::palette();
+  const bool readable = Contrast(wanted, appearance.color(QPalette::Window)) >= kReadable;
+  QPalette palette = label.palette();
+  palette.setColor(QPalette::WindowText,
+                   readable ? wanted : appearance.color(QPalette::WindowText));
+  label.setPalette(palette);
+}
+
+}  // namespace peakwright

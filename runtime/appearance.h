@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+
+class QColor;
+class QWidget;
+
+namespace peakwright {
+
+/// Shows the program in the appearance that the system wants, where the toolkit doesn't by itself.
+void FollowSystemAppearance();
+
+/// Gives the program the dark or the light appearance.
+void ShowAppearance(bool dark);
+
+/// Contrast of two colours, from 1 to 21 (WCAG 2.1, contrast ratio).
+double Contrast(const QColor& one, const QColor& other);
+
+/// Gives a field its two fixed colours, which hold in every appearance.
+void FixFieldColors(QWidget& field, std::uint32_t text, std::uint32_t background);
+
+/// Gives a label its colour where that can be read on the window; elsewhere the appearance's own.
+void SetReadableTextColor(QWidget& label, std::uint32_t text);
+
+}  // namespace peakwright

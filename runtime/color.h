@@ -1,0 +1,14 @@
+#pragma once
+
+#include <cstdint>
+
+namespace peakwright {
+
+struct Color {
+  std::uint32_t rgb = 0;  ///< 0xRRGGBB
+
+  /// Whether the system currently shows the dark appearance.
+  static bool IsDarkMode();
+};
+
+}  // namespace peakwright

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <exception>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <typeindex>
+#include <utility>
+#include <vector>
+
+class QApplication;
+
+namespace peakwright {
+
+class DesktopMenuBar;
+
+/// An object of which the application keeps one, made at the first reference to it.
+class ImplicitInstance {
+ public:
+  virtual ~ImplicitInstance() = default;
+  /// Called once, when every further reference already gets this object.
+  virtual void Open() {}
+};
+
+/// The application: its start, its event loop, its end, and the owner of all implicit instances.
+class DesktopApplication {
+ public:
+  DesktopApplication(int& argc, char** argv);
+  DesktopApplication(const DesktopApplication&) = delete;
+  DesktopApplication& operator=(const DesktopApplication&) = delete;
+  virtual ~DesktopApplication();
+
+  /// The running application; there is exactly one while any window exists.
+  static DesktopApplication& Current();
+
+  /// Raises Event_Opening, calls `lateStartup`, runs the event loop, and gives the exit code.
+  int Run(const std::function<void()>& lateStartup);
+  /// Raises Event_Opening and calls `lateStartup`, without the event loop.
+  void Start(const std::function<void()>& lateStartup);
+  /// Ends the event loop.
+  void Quit(int code);
+
+  DesktopMenuBar* MenuBar() const { return menuBar_; }
+  void MenuBar(DesktopMenuBar& bar) { menuBar_ = &bar; }
+
+  /// Calls an event handler. What it throws is shown to the user, and the program goes on.
+  void Raise(const std::function<void()>& handler);
+
+  /// The one `Instance`, made and opened at the first call.
+  template <class Instance>
+  Instance& Implicit() {
+    const std::type_index type = typeid(Instance);
+    if (ImplicitInstance* present = Find(type)) return static_cast<Instance&>(*present);
+    auto made = std::make_unique<Instance>();
+    Instance& instance = *made;
+    instances_.emplace_back(type, std::move(made));
+    instance.Open();
+    return instance;
+  }
+
+  /// Gives up an instance: no reference finds it any more, and it ends once its handlers are done.
+  void Release(const ImplicitInstance& instance);
+
+ protected:
+  virtual void Event_Opening() {}
+  /// Shows the text of an exception that no handler took. A test may listen in instead.
+  virtual void UnhandledException(const std::string& what);
+
+ private:
+  ImplicitInstance* Find(std::type_index type) const;
+
+  std::unique_ptr<QApplication> toolkit_;  // Empty where the process has one already.
+  std::vector<std::pair<std::type_index, std::unique_ptr<ImplicitInstance>>> instances_;
+  std::vector<std::unique_ptr<ImplicitInstance>>
+      ending_;  // Released, their handlers still running.
+  DesktopMenuBar* menuBar_ = nullptr;
+};
+
+}  // namespace peakwright

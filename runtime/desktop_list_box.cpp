@@ -1,0 +1,119 @@
+#include "runtime/desktop_list_box.h"
+
+#include <QAbstractTableModel>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QTableView>
+
+#include "runtime/caption_text.h"
+#include "runtime/desktop_application.h"
+
+namespace peakwright {
+
+class DesktopListBox::Model : public QAbstractTableModel {
+ public:
+  explicit Model(const ListBoxCells& cells) : cells_(cells) {}
+
+  int rowCount(const QModelIndex& parent) const override {
+    return parent.isValid() ? 0 : cells_.RowCount();
+  }
+
+  int columnCount(const QModelIndex& parent) const override {
+    return parent.isValid() ? 0 : cells_.ColumnCount();
+  }
+
+  QVariant data(const QModelIndex& index, int role) const override {
+    if (role != Qt::DisplayRole) return {};
+    return ToQString(cells_.CellTextAt(index.row(), index.column()));
+  }
+
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
+    if (role == Qt::TextAlignmentRole) return QVariant::fromValue(Qt::AlignLeft | Qt::AlignVCenter);
+    if (role != Qt::DisplayRole || orientation != Qt::Horizontal) return {};
+    return ToQString(cells_.HeaderAt(section));
+  }
+
+  void Changed(int row, int column) {
+    const QModelIndex cell = index(row, column);
+    emit dataChanged(cell, cell);
+  }
+
+ private:
+  const ListBoxCells& cells_;
+};
+
+namespace {
+
+class NativeList : public QTableView {
+ public:
+  explicit NativeList(const DesktopListBox& owner) : owner_(owner) {
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(SingleSelection);
+    setEditTriggers(NoEditTriggers);
+    setTabKeyNavigation(false);
+    setShowGrid(false);
+    setWordWrap(false);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    verticalHeader()->hide();
+    verticalHeader()->setMinimumSectionSize(1);
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    horizontalHeader()->setHighlightSections(false);
+  }
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    switch (event->key()) {
+      case Qt::Key_Return:
+      case Qt::Key_Enter:
+      case Qt::Key_Space:
+        DesktopApplication::Current().Raise(owner_.DoublePressed);
+        break;
+      default:
+        QTableView::keyPressEvent(event);
+    }
+  }
+
+ private:
+  const DesktopListBox& owner_;
+};
+
+QTableView& List(const DesktopListBox& box) { return static_cast<QTableView&>(*box.Native()); }
+
+}  // namespace
+
+DesktopListBox::DesktopListBox(DesktopWindow& window, const ControlLayout& layout,
+                               ListBoxCells& cells)
+    : DesktopUIControl(window, std::make_unique<NativeList>(*this), layout),
+      cells_(cells),
+      model_(std::make_unique<Model>(cells)) {
+  QTableView& list = List(*this);
+  list.setModel(model_.get());
+  list.horizontalHeader()->setFont(list.font());
+  list.verticalHeader()->setDefaultSectionSize(list.fontMetrics().height() + 2);
+  QObject::connect(&list, &QTableView::doubleClicked,
+                   [this] { DesktopApplication::Current().Raise(DoublePressed); });
+}
+
+DesktopListBox::~DesktopListBox() { List(*this).setModel(nullptr); }
+
+void DesktopListBox::CellTextAt(int row, int column, std::string_view text) {
+  cells_.CellTextAt(row, column, text);
+  model_->Changed(row, column);
+}
+
+int DesktopListBox::SelectedRowIndex() const {
+  const QModelIndexList rows = List(*this).selectionModel()->selectedRows();
+  return rows.isEmpty() ? -1 : rows.first().row();
+}
+
+void DesktopListBox::SelectedRowIndex(int row) {
+  if (row < 0) {
+    List(*this).clearSelection();
+    List(*this).setCurrentIndex({});
+  } else {
+    List(*this).selectRow(row);
+  }
+}
+
+}  // namespace peakwright

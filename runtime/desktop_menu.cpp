@@ -1,0 +1,140 @@
+#include "runtime/desktop_menu.h"
+
+#include <algorithm>
+#include <utility>
+
+#include <QAction>
+#include <QKeySequence>
+#include <QMenu>
+#include <QMenuBar>
+
+#include "runtime/caption_text.h"
+#include "runtime/edit_commands.h"
+
+namespace peakwright {
+namespace {
+
+DesktopMenuItem* Named(const std::vector<std::unique_ptr<DesktopMenuItem>>& items,
+                       std::string_view name) {
+  const auto found = std::find_if(items.begin(), items.end(),
+                                  [name](const auto& item) { return item->Name() == name; });
+  return found == items.end() ? nullptr : found->get();
+}
+
+DesktopMenuItem* NamedBelow(const std::vector<std::unique_ptr<DesktopMenuItem>>& items,
+                            std::string_view name) {
+  if (DesktopMenuItem* item = Named(items, name)) return item;
+  for (const auto& item : items) {
+    if (DesktopMenuItem* below = item->Lookup(name)) return below;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+DesktopMenuItem::DesktopMenuItem() : action_(std::make_unique<QAction>()) {
+  action_->setMenuRole(QAction::NoRole);
+  action_->setShortcutContext(Qt::ApplicationShortcut);
+  QObject::connect(action_.get(), &QAction::triggered, [this] {
+    // The toolkit flips the mark by itself; here only the handler does.
+    action_->setChecked(marked_);
+    DesktopApplication::Current().Raise([this] {
+      if (handler_) handler_();
+    });
+  });
+}
+
+DesktopMenuItem::~DesktopMenuItem() = default;
+
+void DesktopMenuItem::Name(std::string_view name) {
+  name_ = name;
+  if (const EditCommand* command = FindEditCommand(name)) {
+    StandardCommand([command] { return CanAct(*command); }, [command] { Act(*command); });
+  }
+}
+
+std::string DesktopMenuItem::Text() const {
+  return action_->text().replace(QStringLiteral("&&"), QStringLiteral("&")).toStdString();
+}
+
+void DesktopMenuItem::Text(std::string_view text) {
+  action_->setText(ToCaption(text));
+  action_->setSeparator(text == "-");
+  if (menu_) menu_->setTitle(ToCaption(text));
+}
+
+bool DesktopMenuItem::Visible() const { return action_->isVisible(); }
+void DesktopMenuItem::Visible(bool visible) { action_->setVisible(visible); }
+
+std::string DesktopMenuItem::Shortcut() const {
+  return action_->shortcut().toString().toStdString();
+}
+
+void DesktopMenuItem::Shortcut(std::string_view shortcut) {
+  // The toolkit's Ctrl is the Command key on macOS.
+  QString keys = QString::fromUtf8(shortcut.data(), static_cast<qsizetype>(shortcut.size()));
+  action_->setShortcut(QKeySequence(keys.replace(QStringLiteral("Cmd+"), QStringLiteral("Ctrl+"))));
+}
+
+void DesktopMenuItem::AutoEnabled(bool enabled) {
+  autoEnabled_ = enabled;
+  if (enabled) action_->setEnabled(handler_ != nullptr);
+}
+
+void DesktopMenuItem::HasCheckMark(bool marked) {
+  marked_ = marked;
+  action_->setCheckable(true);
+  action_->setChecked(marked);
+}
+
+void DesktopMenuItem::AddMenu(std::unique_ptr<DesktopMenuItem> item) {
+  NativeMenu().addAction(item->Native());
+  QObject::connect(&NativeMenu(), &QMenu::aboutToShow, item->Native(), [added = item.get()] {
+    if (added->canAct_) added->Native()->setEnabled(added->canAct_());
+  });
+  children_.push_back(std::move(item));
+}
+
+DesktopMenuItem* DesktopMenuItem::Child(std::string_view name) const {
+  return Named(children_, name);
+}
+
+DesktopMenuItem* DesktopMenuItem::Lookup(std::string_view name) const {
+  return NamedBelow(children_, name);
+}
+
+void DesktopMenuItem::Handler(std::function<bool()> action) {
+  handler_ = std::move(action);
+  if (autoEnabled_) action_->setEnabled(handler_ != nullptr);
+}
+
+void DesktopMenuItem::StandardCommand(std::function<bool()> canAct, std::function<void()> act) {
+  canAct_ = std::move(canAct);
+  handler_ = [perform = std::move(act)] {
+    perform();
+    return false;
+  };
+}
+
+QMenu& DesktopMenuItem::NativeMenu() {
+  if (!menu_) menu_ = std::make_unique<QMenu>(action_->text());
+  return *menu_;
+}
+
+DesktopQuitMenuItem::DesktopQuitMenuItem() { Native()->setMenuRole(QAction::QuitRole); }
+
+DesktopMenuBar::DesktopMenuBar() : bar_(std::make_unique<QMenuBar>()) {}
+DesktopMenuBar::~DesktopMenuBar() = default;
+
+void DesktopMenuBar::AddMenu(std::unique_ptr<DesktopMenuItem> title) {
+  bar_->addMenu(&title->NativeMenu());
+  titles_.push_back(std::move(title));
+}
+
+DesktopMenuItem* DesktopMenuBar::Child(std::string_view name) const { return Named(titles_, name); }
+
+DesktopMenuItem* DesktopMenuBar::Lookup(std::string_view name) const {
+  return NamedBelow(titles_, name);
+}
+
+}  // namespace peakwright

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "runtime/desktop_ui_control.h"
+
+namespace peakwright {
+
+/// An editable area of plain text in one font. Chr(13) and Chr(10) both end a line, and stay what
+/// they are. Lines are displayed lines, counted from 0; a wrapped paragraph has several.
+class DesktopTextArea : public DesktopUIControl {
+ public:
+  DesktopTextArea(DesktopWindow& window, const ControlLayout& layout);
+
+  std::string Text() const;
+  void Text(std::string_view text);  ///< Can be undone once, without end to the length.
+  /// The length of the text, for LineNumber, without a copy of it.
+  std::int64_t TextLength() const;
+
+  /// Replaces the selection, or inserts at the insertion point; leaves the insertion point behind.
+  void SelectedText(std::string_view text);
+
+  /// The line that holds the character at `position`, or the text's end.
+  std::int64_t LineNumber(std::int64_t position) const;
+  /// The line at the top of the view. A target past the end shows the end.
+  std::int64_t VerticalScrollPosition() const;
+  void VerticalScrollPosition(std::int64_t line);
+
+  /// A face that the system lacks is replaced by one that is monospaced.
+  void FontName(std::string_view name);
+  void FontSize(int pixels);
+};
+
+}  // namespace peakwright

@@ -1,0 +1,195 @@
+#include "runtime/desktop_window.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include <QAbstractButton>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QLayout>
+#include <QMainWindow>
+#include <QMenuBar>
+
+#include "runtime/caption_text.h"
+#include "runtime/desktop_menu.h"
+
+namespace peakwright {
+namespace {
+
+/// The window that floating windows stay above, or none yet.
+QMainWindow* documentWindow = nullptr;
+
+}  // namespace
+
+class DesktopWindow::NativeWindow : public QMainWindow {
+ public:
+  NativeWindow(DesktopWindow& owner, const WindowLayout& layout)
+      : QMainWindow(layout.Type == WindowType::Floating ? documentWindow : nullptr, Flags(layout)),
+        owner_(owner),
+        type_(layout.Type),
+        canClose_(layout.HasCloseButton),
+        resizeable_(layout.Resizeable) {
+    setWindowTitle(ToQString(layout.Title));
+    setCentralWidget(std::make_unique<QWidget>().release());
+    centralWidget()->setMinimumSize(layout.MinimumWidth, layout.MinimumHeight);
+    centralWidget()->setMaximumSize(layout.MaximumWidth, layout.MaximumHeight);
+    centralWidget()->installEventFilter(this);
+    contentSize_ = QSize(layout.Width, layout.Height);
+    resize(contentSize_);
+    if (type_ == WindowType::Document && documentWindow == nullptr) documentWindow = this;
+  }
+
+  ~NativeWindow() override {
+    if (documentWindow == this) documentWindow = nullptr;
+  }
+
+  /// Gives the content the size of the layout, with the menu bar above it.
+  void FitContent() {
+    int above = 0;
+    if (owner_.menuBar_ != nullptr && !owner_.menuBar_->Native()->isNativeMenuBar()) {
+      owner_.menuBar_->Native()->ensurePolished();
+      above = owner_.menuBar_->Native()->heightForWidth(contentSize_.width());
+    }
+    const QSize whole(contentSize_.width(), contentSize_.height() + above);
+    if (resizeable_) {
+      resize(whole);
+    } else {
+      setFixedSize(whole);
+    }
+    layout()->activate();
+  }
+
+  void ApplyTabOrder() {
+    std::stable_sort(tabOrder_.begin(), tabOrder_.end(),
+                     [](const auto& a, const auto& b) { return a.first < b.first; });
+    QWidget* before = nullptr;
+    for (const auto& [index, widget] : tabOrder_) {
+      if ((widget->focusPolicy() & Qt::TabFocus) == 0) continue;
+      if (before == nullptr) {
+        // As if tabbed into: what stands in the first field gives way to what is typed.
+        widget->setFocus(Qt::TabFocusReason);
+      } else {
+        setTabOrder(before, widget);
+      }
+      before = widget;
+    }
+  }
+
+  std::vector<std::pair<int, QWidget*>> tabOrder_;
+  QAbstractButton* defaultButton_ = nullptr;
+  QAbstractButton* cancelButton_ = nullptr;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override {
+    event->ignore();
+    if (type_ == WindowType::Document) {
+      DesktopApplication::Current().Quit(0);
+    } else if (canClose_) {
+      owner_.Close();
+    }
+  }
+
+  void keyPressEvent(QKeyEvent* event) override {
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    QAbstractButton* button = isReturn                         ? defaultButton_
+                              : event->key() == Qt::Key_Escape ? cancelButton_
+                                                               : nullptr;
+    if (button != nullptr && button->isVisible()) {
+      button->click();
+    } else {
+      QMainWindow::keyPressEvent(event);
+    }
+  }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Resize && watched == centralWidget() && isVisible() &&
+        centralWidget()->size() != contentSize_) {
+      contentSize_ = centralWidget()->size();
+      DesktopApplication::Current().Raise([this] { owner_.Event_Resized(); });
+    }
+    return QMainWindow::eventFilter(watched, event);
+  }
+
+ private:
+  static Qt::WindowFlags Flags(const WindowLayout& layout) {
+    Qt::WindowFlags flags = Qt::CustomizeWindowHint | Qt::WindowTitleHint;
+    flags |= layout.Type == WindowType::Floating ? Qt::Tool : Qt::Window;
+    if (layout.HasCloseButton) flags |= Qt::WindowCloseButtonHint | Qt::WindowSystemMenuHint;
+    if (layout.HasMaximizeButton) flags |= Qt::WindowMaximizeButtonHint;
+    if (layout.HasMinimizeButton) flags |= Qt::WindowMinimizeButtonHint;
+    return flags;
+  }
+
+  DesktopWindow& owner_;
+  WindowType type_;
+  bool canClose_;
+  bool resizeable_;
+  QSize contentSize_;
+};
+
+DesktopWindow::DesktopWindow(const WindowLayout& layout)
+    : native_(std::make_unique<NativeWindow>(*this, layout)), visibleAtOpening_(layout.Visible) {}
+
+DesktopWindow::~DesktopWindow() {
+  // The menu bar belongs to the application, not to the window that shows it.
+  if (menuBar_ != nullptr) menuBar_->Native()->setParent(nullptr);
+}
+
+int DesktopWindow::Left() const { return native_->x(); }
+int DesktopWindow::Top() const { return native_->y(); }
+void DesktopWindow::Left(int pixels) { native_->move(pixels, native_->y()); }
+void DesktopWindow::Top(int pixels) { native_->move(native_->x(), pixels); }
+int DesktopWindow::Width() const { return Content()->width(); }
+int DesktopWindow::Height() const { return Content()->height(); }
+
+void DesktopWindow::Open() {
+  native_->FitContent();
+  native_->ApplyTabOrder();
+  DesktopApplication::Current().Raise([this] { Event_Opening(); });
+  if (visibleAtOpening_) Show();
+}
+
+void DesktopWindow::Show() {
+  if (native_->isMinimized()) {
+    native_->showNormal();
+  } else {
+    native_->show();
+  }
+  native_->raise();
+  native_->activateWindow();
+}
+
+void DesktopWindow::Hide() { native_->hide(); }
+
+void DesktopWindow::Close() {
+  Hide();
+  DesktopApplication::Current().Release(*this);
+}
+
+void DesktopWindow::MenuBar(DesktopMenuBar& bar) {
+  menuBar_ = &bar;
+  native_->setMenuBar(bar.Native());
+}
+
+void DesktopWindow::AddMenuHandler(std::string_view name, std::function<bool()> action) {
+  if (menuBar_ == nullptr) return;
+  if (DesktopMenuItem* item = menuBar_->Lookup(name)) item->Handler(std::move(action));
+}
+
+QWidget* DesktopWindow::Native() const { return native_.get(); }
+QWidget* DesktopWindow::Content() const { return native_->centralWidget(); }
+
+void DesktopWindow::AddToTabOrder(QWidget& widget, int tabIndex) {
+  native_->tabOrder_.emplace_back(tabIndex, &widget);
+}
+
+void DesktopWindow::DefaultButton(QWidget& button) {
+  native_->defaultButton_ = qobject_cast<QAbstractButton*>(&button);
+}
+
+void DesktopWindow::CancelButton(QWidget& button) {
+  native_->cancelButton_ = qobject_cast<QAbstractButton*>(&button);
+}
+
+}  // namespace peakwright

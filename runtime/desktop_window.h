@@ -1,0 +1,65 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string_view>
+
+#include "runtime/desktop_application.h"
+#include "runtime/layout.h"
+
+class QWidget;
+
+namespace peakwright {
+
+class DesktopMenuBar;
+
+/// A window on the screen. A window is made hidden; opening it raises Event_Opening and then shows
+/// it if its layout says so.
+class DesktopWindow : public ImplicitInstance {
+ public:
+  DesktopWindow(const DesktopWindow&) = delete;
+  DesktopWindow& operator=(const DesktopWindow&) = delete;
+  ~DesktopWindow() override;
+
+  int Left() const;
+  void Left(int pixels);
+  int Top() const;
+  void Top(int pixels);
+  int Width() const;   ///< Of the content.
+  int Height() const;  ///< Of the content.
+
+  void Show();  ///< Brings the window on screen and to the front.
+  void Hide();
+  /// Takes the window off the screen for good; the next reference to it makes a new one. Safe to
+  /// call from a handler of the window itself.
+  void Close();
+
+  DesktopMenuBar* MenuBar() const { return menuBar_; }
+  void MenuBar(DesktopMenuBar& bar);
+  /// Binds `action` to the menu item of that name in this window's menu bar.
+  void AddMenuHandler(std::string_view name, std::function<bool()> action);
+
+  void Open() final;
+
+  QWidget* Native() const;   ///< The toolkit's window.
+  QWidget* Content() const;  ///< The toolkit's parent of the controls.
+  void AddToTabOrder(QWidget& widget, int tabIndex);
+  /// The buttons that Return and Escape press.
+  void DefaultButton(QWidget& button);
+  void CancelButton(QWidget& button);
+
+ protected:
+  explicit DesktopWindow(const WindowLayout& layout);
+
+  virtual void Event_Opening() {}
+  /// Raised after each change of the content's size, but not at opening.
+  virtual void Event_Resized() {}
+
+ private:
+  class NativeWindow;
+  std::unique_ptr<NativeWindow> native_;
+  DesktopMenuBar* menuBar_ = nullptr;
+  bool visibleAtOpening_;
+};
+
+}  // namespace peakwright

@@ -1,0 +1,287 @@
+#include "runtime/text_area_view.h"
+
+#include <algorithm>
+#include <stdexcept>
+#include <utility>
+
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMimeData>
+#include <QPlainTextDocumentLayout>
+#include <QScrollBar>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextLayout>
+
+#include "runtime/caption_text.h"
+
+namespace peakwright {
+namespace {
+
+// The document's form of the text. A carriage return ends a block. A line feed is a line separator
+// within a block, so that the thousands of rows of a listing share few blocks, which the toolkit
+// holds and walks fast; only every kLinesPerBlock lines a line feed ends a block too, and the next
+// block remembers that in its format.
+constexpr int kLinesPerBlock = 64;
+constexpr QChar kLineFeed = QChar::LineSeparator;
+constexpr int kBegunByLineFeed = QTextFormat::UserProperty + 1;
+
+// Positions in a document are ints; what is undone stays in its buffer.
+constexpr std::size_t kMostCharacters = 1'000'000'000;
+
+const QTextBlockFormat& BlockAfter(char lineEnd) {
+  static const QTextBlockFormat afterReturn;
+  static const QTextBlockFormat afterLineFeed = [] {
+    QTextBlockFormat format;
+    format.setProperty(kBegunByLineFeed, true);
+    return format;
+  }();
+  return lineEnd == '\n' ? afterLineFeed : afterReturn;
+}
+
+char LineEndBefore(const QTextBlock& block) {
+  return block.blockFormat().hasProperty(kBegunByLineFeed) ? '\n' : '\r';
+}
+
+/// One block's worth of text in the document's form.
+QString ToDocumentForm(std::string_view text) {
+  QString form = ToQString(text);
+  form.replace(u'\n', kLineFeed);
+  form.replace(QChar::ParagraphSeparator, kLineFeed);
+  // Two noncharacters that the toolkit keeps for itself.
+  form.replace(QChar(0xfdd0), QChar::ReplacementCharacter);
+  form.replace(QChar(0xfdd1), QChar::ReplacementCharacter);
+  return form;
+}
+
+/// Where a line feed ends the block that has `lines` lines already: the first one past the limit.
+std::size_t EndOfFullBlock(std::string_view text, int lines) {
+  std::size_t end = text.find('\n');
+  while (end != std::string_view::npos && ++lines < kLinesPerBlock) end = text.find('\n', end + 1);
+  return end;
+}
+
+void Insert(QTextCursor& cursor, std::string_view text) {
+  int lines =
+      1 + static_cast<int>(cursor.block().text().left(cursor.positionInBlock()).count(kLineFeed));
+  std::size_t nextReturn = text.find('\r');
+  for (std::size_t done = 0;;) {
+    std::string_view rest = text.substr(done, nextReturn - done);
+    rest = rest.substr(0, EndOfFullBlock(rest, lines - 1));
+    cursor.insertText(ToDocumentForm(rest));
+    done += rest.size();
+    if (done == text.size()) return;
+    cursor.insertBlock(BlockAfter(text[done]));
+    if (done == nextReturn) nextReturn = text.find('\r', done + 1);
+    ++done;
+    lines = 1;
+  }
+}
+
+}  // namespace
+
+/// Tells the document how many lines its blocks have before they are laid out. The toolkit counts
+/// such a block as one line.
+class TextAreaView::LineCountingLayout : public QPlainTextDocumentLayout {
+ public:
+  using QPlainTextDocumentLayout::QPlainTextDocumentLayout;
+
+  void CountAll(int areaWidth) {
+    areaWidth_ = areaWidth;
+    Count(document()->firstBlock(), document()->lastBlock());
+  }
+
+ protected:
+  void documentChanged(int from, int removed, int added) override {
+    QPlainTextDocumentLayout::documentChanged(from, removed, added);
+    Count(document()->findBlock(from),
+          document()->findBlock(std::min(from + added, document()->characterCount() - 1)));
+  }
+
+ private:
+  void Count(QTextBlock block, const QTextBlock& last) {
+    const QFontMetricsF metrics(document()->defaultFont());
+    const double room = areaWidth_ - 2 * document()->documentMargin() - 1;
+    const auto columns = static_cast<qsizetype>(room / metrics.horizontalAdvance(u'0'));
+    for (; block.isValid(); block = block.next()) {
+      const int lines = LinesIfNoneWraps(block.text(), columns);
+      if (lines > 0) {
+        block.setLineCount(lines);
+      } else {
+        blockBoundingRect(block);  // Lays the block out, and so counts it.
+      }
+      if (block == last) break;
+    }
+    emit documentSizeChanged(documentSize());
+  }
+
+  /// The lines of a block, or 0 if that takes a layout: a line is long or its width is unknown.
+  static int LinesIfNoneWraps(const QString& text, qsizetype columns) {
+    int lines = 1;
+    qsizetype start = 0;
+    for (qsizetype i = 0; i <= text.size(); ++i) {
+      if (i == text.size() || text[i] == kLineFeed) {
+        if (i - start > columns) return 0;
+        if (i < text.size()) ++lines;
+        start = i + 1;
+      } else if (text[i] < u' ' || text[i] > u'~') {
+        return 0;
+      }
+    }
+    return lines;
+  }
+
+  int areaWidth_ = 0;
+};
+
+TextAreaView::TextAreaView() {
+  setTabChangesFocus(true);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  Show(NewDocument());
+}
+
+TextAreaView::~TextAreaView() {
+  // The shown document must outlive the control that shows it.
+  setParent(nullptr);
+  QPlainTextEdit::setDocument(nullptr);
+}
+
+std::string TextAreaView::Text() const {
+  std::string text;
+  for (QTextBlock block = document()->firstBlock(); block.isValid(); block = block.next()) {
+    if (block.blockNumber() > 0) text += LineEndBefore(block);
+    text += block.text().replace(kLineFeed, u'\n').toStdString();
+  }
+  return text;
+}
+
+void TextAreaView::ReplaceText(std::string_view text) {
+  if (text.empty() && document()->isEmpty()) return;
+  std::unique_ptr<QTextDocument> replaced = std::move(shown_);
+  Show(NewDocument());
+  earlier_ = std::move(replaced);
+  later_.reset();
+  if (!text.empty()) InsertText(text);
+}
+
+void TextAreaView::InsertText(std::string_view text) {
+  if (text.size() + static_cast<std::size_t>(TextLength()) > kMostCharacters) {
+    throw std::length_error("The results area is full. Clear it to go on.");
+  }
+  const int top = verticalScrollBar()->value();
+  QTextCursor cursor = textCursor();
+  cursor.beginEditBlock();
+  cursor.removeSelectedText();
+  Insert(cursor, text);
+  cursor.endEditBlock();
+  setTextCursor(cursor);
+  verticalScrollBar()->setValue(top);
+}
+
+int TextAreaView::LineNumber(int position) const {
+  const QTextBlock block = document()->findBlock(position);
+  Layout().blockBoundingRect(block);  // Lays the block out.
+  const QTextLine line = block.layout()->lineForTextPosition(position - block.position());
+  return block.firstLineNumber() + (line.isValid() ? line.lineNumber() : 0);
+}
+
+void TextAreaView::Undo() {
+  if (document()->isUndoAvailable()) {
+    undo();
+  } else if (earlier_ != nullptr) {
+    later_ = std::move(shown_);
+    Show(std::move(earlier_));
+    moveCursor(QTextCursor::End);
+  }
+}
+
+void TextAreaView::Redo() {
+  if (document()->isRedoAvailable()) {
+    redo();
+  } else if (later_ != nullptr) {
+    earlier_ = std::move(shown_);
+    Show(std::move(later_));
+    moveCursor(QTextCursor::Start);
+  }
+}
+
+void TextAreaView::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Undo)) {
+    Undo();
+  } else if (event->matches(QKeySequence::Redo)) {
+    Redo();
+  } else if (event->matches(QKeySequence::InsertParagraphSeparator)) {
+    InsertText("\r");
+    ensureCursorVisible();
+  } else {
+    QPlainTextEdit::keyPressEvent(event);
+  }
+}
+
+void TextAreaView::resizeEvent(QResizeEvent* event) {
+  const int top = cursorForPosition(QPoint(0, 0)).position();
+  const bool atTop = verticalScrollBar()->value() == 0;
+  QPlainTextEdit::resizeEvent(event);
+  if (event->oldSize().width() == event->size().width()) return;
+  Recount();
+  verticalScrollBar()->setValue(atTop ? 0 : LineNumber(top));
+}
+
+void TextAreaView::changeEvent(QEvent* event) {
+  QPlainTextEdit::changeEvent(event);
+  if (event->type() == QEvent::FontChange && shown_ != nullptr) Recount();
+}
+
+void TextAreaView::contextMenuEvent(QContextMenuEvent* event) {
+  QMenu menu;
+  const bool selected = textCursor().hasSelection();
+  menu.addAction(tr("Undo"), this, &TextAreaView::Undo)->setEnabled(CanUndo());
+  menu.addAction(tr("Redo"), this, &TextAreaView::Redo)->setEnabled(CanRedo());
+  menu.addSeparator();
+  menu.addAction(tr("Cut"), this, &QPlainTextEdit::cut)->setEnabled(selected);
+  menu.addAction(tr("Copy"), this, &QPlainTextEdit::copy)->setEnabled(selected);
+  menu.addAction(tr("Paste"), this, &QPlainTextEdit::paste)->setEnabled(canPaste());
+  menu.addSeparator();
+  menu.addAction(tr("Select All"), this, &QPlainTextEdit::selectAll);
+  menu.exec(event->globalPos());
+}
+
+QMimeData* TextAreaView::createMimeDataFromSelection() const {
+  QString text = textCursor().selectedText();
+  text.replace(QChar::ParagraphSeparator, u'\n').replace(kLineFeed, u'\n');
+  auto copied = std::make_unique<QMimeData>();
+  copied->setText(text);
+  return copied.release();
+}
+
+void TextAreaView::insertFromMimeData(const QMimeData* source) {
+  if (!source->hasText()) return;
+  InsertText(source->text().replace(QStringLiteral("\r\n"), QStringLiteral("\n")).toStdString());
+  ensureCursorVisible();
+}
+
+std::unique_ptr<QTextDocument> TextAreaView::NewDocument() const {
+  auto made = std::make_unique<QTextDocument>();
+  made->setDocumentLayout(std::make_unique<LineCountingLayout>(made.get()).release());
+  made->setDefaultFont(font());
+  // A new step after an Undo leaves nothing to redo.
+  connect(made.get(), &QTextDocument::undoCommandAdded, this,
+          [this] { const_cast<TextAreaView*>(this)->later_.reset(); });
+  return made;
+}
+
+void TextAreaView::Show(std::unique_ptr<QTextDocument> made) {
+  setDocument(made.get());
+  shown_ = std::move(made);
+  shown_->setDefaultFont(font());
+  Recount();
+}
+
+void TextAreaView::Recount() { Layout().CountAll(viewport()->width()); }
+
+TextAreaView::LineCountingLayout& TextAreaView::Layout() const {
+  return static_cast<LineCountingLayout&>(*document()->documentLayout());
+}
+
+}  // namespace peakwright

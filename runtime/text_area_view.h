@@ -1,0 +1,59 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include <QPlainTextEdit>
+
+namespace peakwright {
+
+/// The toolkit's plain text control, taught three things: to keep carriage returns and line feeds
+/// apart, to know how many lines a long text has without laying it out, and to undo a replacement
+/// of the whole text without holding it twice.
+class TextAreaView : public QPlainTextEdit {
+ public:
+  TextAreaView();
+  ~TextAreaView() override;
+
+  /// The whole text in UTF-8, with each line end as it went in.
+  std::string Text() const;
+  /// Replaces the whole text. Undo brings the former text back, the one before it not.
+  void ReplaceText(std::string_view text);
+  /// Replaces the selection, or inserts at the insertion point, and leaves the insertion point
+  /// behind the text. Doesn't scroll. Throws std::length_error if the text would grow past what
+  /// the toolkit can number; nothing is changed then.
+  void InsertText(std::string_view text);
+
+  int TextLength() const { return document()->characterCount() - 1; }
+  /// The displayed line, from 0, that holds a position, in UTF-16 units from 0.
+  int LineNumber(int position) const;
+
+  bool CanUndo() const { return document()->isUndoAvailable() || earlier_ != nullptr; }
+  bool CanRedo() const { return document()->isRedoAvailable() || later_ != nullptr; }
+  void Undo();
+  void Redo();
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  QMimeData* createMimeDataFromSelection() const override;
+  void insertFromMimeData(const QMimeData* source) override;
+
+ private:
+  class LineCountingLayout;
+
+  std::unique_ptr<QTextDocument> NewDocument() const;
+  void Show(std::unique_ptr<QTextDocument> document);
+  void Recount();
+  LineCountingLayout& Layout() const;
+
+  std::unique_ptr<QTextDocument> shown_;
+  std::unique_ptr<QTextDocument>
+      earlier_;                           // What Undo shows when the shown text has no more steps.
+  std::unique_ptr<QTextDocument> later_;  // Likewise for Redo.
+};
+
+}  // namespace peakwright
