@@ -1,0 +1,44 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "engine/element_table.h"
+
+namespace peakwright {
+
+/// What one run reads and writes of the controls.
+class RunControls {
+ public:
+  virtual ~RunControls() = default;
+
+  /// The rows of the element list.
+  virtual const ElementTable& Table() = 0;
+
+  /// The text of the mass field.
+  virtual std::string MassText() = 0;
+  virtual void MassText(const std::string& text) = 0;
+
+  /// Whether the numbers of additional atoms count.
+  virtual bool AdditionalElements() = 0;
+
+  /// The text of the count field of the additional element `index`, 0 to 8. Asked only while
+  /// AdditionalElements().
+  virtual std::string CountText(int index) = 0;
+
+  /// Whether only whole molecules are listed.
+  virtual bool NitrogenRule() = 0;
+
+  /// Writes `text`, then a line end of its own, into the results.
+  virtual void Print(std::string_view text) = 0;
+};
+
+namespace Module1 {
+
+/// One run: lists the formulas of the mass in the mass field, less the additional atoms, and puts
+/// the whole number that it used back into the field. Returns within a second for any input: where
+/// a limit of the search would be passed, a sentence that says so stands in the listing's place.
+void calculate(RunControls& controls);
+
+}  // namespace Module1
+}  // namespace peakwright
