@@ -4,10 +4,12 @@
 #include <cassert>
 
 #include <QApplication>
+#include <QIcon>
 #include <QMessageBox>
 #include <QTimer>
 
 #include "runtime/appearance.h"
+#include "runtime/caption_text.h"
 #include "runtime/desktop_menu.h"
 
 namespace peakwright {
@@ -39,13 +41,19 @@ class GuardedApplication : public QApplication {
 
 }  // namespace
 
-DesktopApplication::DesktopApplication(int& argc, char** argv) {
+DesktopApplication::DesktopApplication(int& argc, char** argv,
+                                       const ApplicationIdentity& identity) {
   assert(current == nullptr);
   current = this;
   if (QCoreApplication::instance() == nullptr) {
     toolkit_ = std::make_unique<GuardedApplication>(argc, argv);
   }
   QGuiApplication::setQuitOnLastWindowClosed(false);
+  QGuiApplication::setApplicationDisplayName(ToQString(identity.Name));
+  QGuiApplication::setApplicationName(ToQString(identity.Program));
+  QGuiApplication::setApplicationVersion(ToQString(identity.Version));
+  QGuiApplication::setDesktopFileName(ToQString(identity.Program));
+  QGuiApplication::setWindowIcon(QIcon::fromTheme(ToQString(identity.Program)));
   FollowSystemAppearance();
 }
 

@@ -23,10 +23,17 @@ class ImplicitInstance {
   virtual void Open() {}
 };
 
+/// What the application is called, for the window system and the session.
+struct ApplicationIdentity {
+  std::string_view Name;
+  std::string_view Program;  ///< Of the executable, its desktop entry and its icon.
+  std::string_view Version;
+};
+
 /// The application: its start, its event loop, its end, and the owner of all implicit instances.
 class DesktopApplication {
  public:
-  DesktopApplication(int& argc, char** argv);
+  DesktopApplication(int& argc, char** argv, const ApplicationIdentity& identity = {});
   DesktopApplication(const DesktopApplication&) = delete;
   DesktopApplication& operator=(const DesktopApplication&) = delete;
   virtual ~DesktopApplication();

@@ -18,7 +18,8 @@ DesktopUIControl::DesktopUIControl(DesktopWindow& window, std::unique_ptr<QWidge
   widget_->setFont(SystemFont(layout.FontSize, layout.Bold));
   // A style may ask for more room than the layout gives; the layout holds.
   widget_->setMinimumSize(0, 0);
-  widget_->setGeometry(layout.Left, layout.Top, layout.Width, layout.Height);
+  widget_->setGeometry(layout.Place.Left, layout.Place.Top, layout.Place.Width,
+                       layout.Place.Height);
   widget_->setVisible(layout.Visible);
   if (!layout.TabStop) widget_->setFocusPolicy(Qt::ClickFocus);
   window.AddToTabOrder(*widget_, layout.TabIndex);

@@ -28,14 +28,18 @@ struct WindowLayout {
   int MaximumHeight = 32000;
 };
 
-enum class TextAlignment { Left = 0, Center = 2 };
-
-struct ControlLayout {
-  std::string_view Text;  ///< Text, caption or initial rows.
+struct Rect {
   int Left;
   int Top;
   int Width;
   int Height;
+};
+
+enum class TextAlignment { Left = 0, Center = 2 };
+
+struct ControlLayout {
+  std::string_view Text;  ///< Text, caption or initial rows.
+  Rect Place;              ///< In the window's content.
   int TabIndex;
   bool Visible = true;
   bool TabStop = true;

@@ -1,0 +1,31 @@
+#include "app/application.h"
+
+#include "engine/global_strings.h"
+#include "ui/menu.h"
+#include "ui/text_window.h"
+
+namespace peakwright {
+namespace {
+
+constexpr ApplicationIdentity kIdentity{
+    .Name = "Peakwright", .Program = "peakwright", .Version = "1.70"};
+
+/// Opens the main window, the only one that comes up by itself.
+void MakeDefaultView() { TextWindow::Instance(); }
+
+}  // namespace
+
+App::App(int& argc, char** argv) : DesktopApplication(argc, argv, kIdentity) {
+  MenuBar(Menu::Instance());
+}
+
+int App::Main() { return Run(MakeDefaultView); }
+
+void App::BringUp() { Start(MakeDefaultView); }
+
+void App::Event_Opening() {
+  Module1::CR = "\n";
+  Module1::appname = "Peakwright.app";
+}
+
+}  // namespace peakwright

@@ -1,0 +1,43 @@
+#include "ui/results.h"
+
+#include "engine/run.h"
+#include "ui/additional_elements_window.h"
+#include "ui/isotopes_window.h"
+#include "ui/text_window.h"
+
+namespace peakwright {
+namespace {
+
+/// The controls of the windows, as a run reads and writes them.
+class WindowControls : public RunControls {
+ public:
+  const ElementTable& Table() override { return Window3::Instance().Elements(); }
+  std::string MassText() override { return TextWindow::Instance().textfield1.Text(); }
+  void MassText(const std::string& text) override { TextWindow::Instance().textfield1.Text(text); }
+  bool AdditionalElements() override { return TextWindow::Instance().CheckBox2.Value(); }
+  std::string CountText(int index) override { return Window1::Instance().textfield1(index).Text(); }
+  bool NitrogenRule() override { return TextWindow::Instance().checkbox1.Value(); }
+  void Print(std::string_view text) override { Module1::Print(text); }
+};
+
+}  // namespace
+
+void Module1::Print(std::string_view text) {
+  DesktopTextArea& results = TextWindow::Instance().textfield2;
+  results.SelectedText(text);
+  results.SelectedText("\r");
+}
+
+void Module1::calculate() {
+  WindowControls controls;
+  calculate(controls);
+}
+
+void WriteAndScroll(void (*writer)(), int step) {
+  DesktopTextArea& results = TextWindow::Instance().textfield2;
+  const std::int64_t line = results.LineNumber(results.TextLength());
+  writer();
+  results.VerticalScrollPosition(line + step);
+}
+
+}  // namespace peakwright
