@@ -49,8 +49,8 @@ DesktopApplication::DesktopApplication(int& argc, char** argv,
     toolkit_ = std::make_unique<GuardedApplication>(argc, argv);
   }
   QGuiApplication::setQuitOnLastWindowClosed(false);
-  QGuiApplication::setApplicationDisplayName(ToQString(identity.Name));
-  QGuiApplication::setApplicationName(ToQString(identity.Program));
+  // Not as the display name, which the toolkit would add to the title of every window.
+  QGuiApplication::setApplicationName(ToQString(identity.Name));
   QGuiApplication::setApplicationVersion(ToQString(identity.Version));
   QGuiApplication::setDesktopFileName(ToQString(identity.Program));
   QGuiApplication::setWindowIcon(QIcon::fromTheme(ToQString(identity.Program)));
@@ -92,7 +92,7 @@ void DesktopApplication::Raise(const std::function<void()>& handler) {
 
 void DesktopApplication::UnhandledException(const std::string& what) {
   auto box =
-      std::make_unique<QMessageBox>(QMessageBox::Warning, QApplication::applicationDisplayName(),
+      std::make_unique<QMessageBox>(QMessageBox::Warning, QApplication::applicationName(),
                                     QStringLiteral("The last command could not be completed."),
                                     QMessageBox::Ok, QApplication::activeWindow());
   box->setTextFormat(Qt::PlainText);

@@ -8,6 +8,7 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLayout>
+#include <QLineEdit>
 #include <QMainWindow>
 #include <QMenuBar>
 
@@ -67,8 +68,9 @@ class DesktopWindow::NativeWindow : public QMainWindow {
     for (const auto& [index, widget] : tabOrder_) {
       if ((widget->focusPolicy() & Qt::TabFocus) == 0) continue;
       if (before == nullptr) {
+        widget->setFocus();
         // As if tabbed into: what stands in the first field gives way to what is typed.
-        widget->setFocus(Qt::TabFocusReason);
+        if (auto* field = qobject_cast<QLineEdit*>(widget)) field->selectAll();
       } else {
         setTabOrder(before, widget);
       }
