@@ -20,27 +20,28 @@ namespace {
 
 // The document's form of the text. A carriage return ends a block. A line feed is a line separator
 // within a block, so that the thousands of rows of a listing share few blocks, which the toolkit
-// holds and walks fast; only every kLinesPerBlock lines a line feed ends a block too, and the next
-// block remembers that in its format.
+// holds and walks fast; only every kLinesPerBlock lines a line feed ends a block too, and is told
+// from a carriage return by its format.
 constexpr int kLinesPerBlock = 64;
 constexpr QChar kLineFeed = QChar::LineSeparator;
-constexpr int kBegunByLineFeed = QTextFormat::UserProperty + 1;
+constexpr int kIsLineFeed = QTextFormat::UserProperty + 1;
 
 // Positions in a document are ints; what is undone stays in its buffer.
 constexpr std::size_t kMostCharacters = 1'000'000'000;
 
-const QTextBlockFormat& BlockAfter(char lineEnd) {
-  static const QTextBlockFormat afterReturn;
-  static const QTextBlockFormat afterLineFeed = [] {
-    QTextBlockFormat format;
-    format.setProperty(kBegunByLineFeed, true);
+/// The format of the character that ends a block. It goes and comes back with the character.
+const QTextCharFormat& EndingWith(char lineEnd) {
+  static const QTextCharFormat carriageReturn;
+  static const QTextCharFormat lineFeed = [] {
+    QTextCharFormat format;
+    format.setProperty(kIsLineFeed, true);
     return format;
   }();
-  return lineEnd == '\n' ? afterLineFeed : afterReturn;
+  return lineEnd == '\n' ? lineFeed : carriageReturn;
 }
 
 char LineEndBefore(const QTextBlock& block) {
-  return block.blockFormat().hasProperty(kBegunByLineFeed) ? '\n' : '\r';
+  return block.charFormat().hasProperty(kIsLineFeed) ? '\n' : '\r';
 }
 
 /// One block's worth of text in the document's form.
@@ -68,10 +69,10 @@ void Insert(QTextCursor& cursor, std::string_view text) {
   for (std::size_t done = 0;;) {
     std::string_view rest = text.substr(done, nextReturn - done);
     rest = rest.substr(0, EndOfFullBlock(rest, lines - 1));
-    cursor.insertText(ToDocumentForm(rest));
+    cursor.insertText(ToDocumentForm(rest), QTextCharFormat());
     done += rest.size();
     if (done == text.size()) return;
-    cursor.insertBlock(BlockAfter(text[done]));
+    cursor.insertBlock(QTextBlockFormat(), EndingWith(text[done]));
     if (done == nextReturn) nextReturn = text.find('\r', done + 1);
     ++done;
     lines = 1;
