@@ -1,0 +1,194 @@
+// The three element windows under their user's keys and clicks.
+
+#include <functional>
+#include <vector>
+
+#include <QAbstractItemView>
+#include <QAccessible>
+#include <QComboBox>
+#include <QScreen>
+#include <gtest/gtest.h>
+
+#include "tests/support/program.h"
+
+namespace peakwright {
+namespace {
+
+void ChooseRow(int row) {
+  auto& box = static_cast<QComboBox&>(*Window1::Instance().PopupMenu1.Native());
+  box.showPopup();
+  box.view()->setCurrentIndex(box.model()->index(row, 0));
+  QTest::keyClick(box.view(), Qt::Key_Return);
+  QApplication::processEvents();
+}
+
+void DoubleClickRow(int row) {
+  auto& list = static_cast<QAbstractItemView&>(*Window3::Instance().ListBox1.Native());
+  const QModelIndex cell = list.model()->index(row, 1);
+  list.scrollTo(cell);
+  const QPoint at = list.visualRect(cell).center();
+  QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, at);
+  QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, at);
+}
+
+std::string Cell(int row, int column) {
+  return Window3::Instance().ListBox1.CellTextAt(row, column);
+}
+
+std::string AccessibleName(const DesktopUIControl& control) {
+  return QAccessible::queryAccessibleInterface(control.Native())
+      ->text(QAccessible::Name)
+      .toStdString();
+}
+
+// What can be seen of the windows: which are shown, 1 to 3, then + for the box "Additional
+// elements", * for the menu mark of the isotopes, the popup's row and the editor's.
+std::string State(const Program& program) {
+  std::string state;
+  if (Program::Shown(Window1::Instance())) state += '1';
+  if (Program::Shown(Window2::Instance())) state += '2';
+  if (Program::Shown(Window3::Instance())) state += '3';
+  if (program.Main().CheckBox2.Value()) state += '+';
+  if (Program::Marked("FileElementdata")) state += '*';
+  return state + " " + std::to_string(Window1::Instance().PopupMenu1.SelectedRowIndex()) + " " +
+         Window2::Instance().textfield2.Text();
+}
+
+TEST(ElementEditors, GoThroughTheirStates) {
+  Program program;
+  struct Step {
+    const char* what;
+    std::function<void()> act;
+    const char* state;
+  };
+  const auto altF4 = [](DesktopWindow& window) { return [&] { window.Native()->close(); }; };
+  TextWindow& main = program.Main();
+  Window1& counts = Window1::Instance();
+  Window2& editor = Window2::Instance();
+  Window3& isotopes = Window3::Instance();
+  const std::vector<Step> steps{
+      {"box turned on and off",
+       [&] {
+         Program::Click(main.CheckBox2);
+         Program::Click(main.CheckBox2);
+       },
+       " 0 "},
+      {"box turned on", [&] { Program::Click(main.CheckBox2); }, "1+ 0 "},
+      {"caption of Br", [&] { Program::Click(counts.Label3(2)); }, "13+* 0 "},
+      {"isotopes by the menu", [] { Program::Choose("FileElementdata"); }, "1+ 0 "},
+      {"isotopes by the button", [&] { Program::Click(counts.PushButton4); }, "13+* 0 "},
+      {"popup row of C", [] { ChooseRow(1); }, "123+* 1 0"},
+      {"double click on S", [] { DoubleClickRow(10); }, "123+* 11 10"},
+      {"close key on the editor", altF4(editor), "123+* 11 10"},
+      {"Cancel", [&] { Program::Click(editor.PushButton1); }, "13+* 0 10"},
+      {"close key on the isotopes", altF4(isotopes), "13+* 0 10"},
+      {"Return on the selected row", [&] { Program::Key(isotopes.ListBox1, Qt::Key_Return); },
+       "123+* 11 10"},
+      {"title row of the popup", [] { ChooseRow(0); }, "123+* 0 10"},
+      {"Return on no row", [&] { Program::Key(isotopes.ListBox1, Qt::Key_Return); }, "123+* 0 10"},
+      {"Close of the isotopes", [&] { Program::Click(isotopes.PushButton1); }, "12+ 0 10"},
+      {"isotopes from the editor", [&] { Program::Click(editor.PushButton3); }, "123+* 0 10"},
+      {"box turned off", [&] { Program::Choose("FileAdditionalelements"); }, "3* 0 10"},
+      {"double click on Xx", [] { DoubleClickRow(12); }, "23* 13 12"},
+      {"Change", [&] { Program::Click(editor.PushButton2); }, "13* 0 12"},
+      {"close key on the counts", altF4(counts), "13* 0 12"},
+      {"Close of the counts", [&] { Program::Click(counts.PushButton1); }, "3* 0 12"},
+      {"isotopes by the menu again", [] { Program::Choose("FileElementdata"); }, " 0 12"},
+  };
+  counts.Hide();
+  editor.Hide();
+  for (const Step& step : steps) {
+    step.act();
+    QApplication::processEvents();
+    EXPECT_EQ(State(program), step.state) << step.what;
+  }
+}
+
+TEST(ElementEditors, MakeSodiumOfXAndListIt) {
+  Program program;
+  TextWindow& main = program.Main();
+  Program::Click(main.CheckBox2);
+  Window1& counts = Window1::Instance();
+  Program::Type(counts.textfield1(1), "1");
+  Program::Type(counts.textfield1(6), "2");
+  Program::Choose("FileElementdata");
+  DoubleClickRow(11);
+  Window2& editor = Window2::Instance();
+  const char* const sodium[] = {"Na", "23", "22.98977", "1", "0", "0"};
+  for (int column = 0; column < 6; ++column)
+    Program::Type(editor.textfield1(column), sodium[column]);
+  EXPECT_EQ(Cell(11, 0), "X") << "the table changes at Change only";
+  Program::Click(editor.PushButton2);
+  for (int column = 0; column < 6; ++column) EXPECT_EQ(Cell(11, column), sodium[column]);
+  EXPECT_EQ(counts.Label3(7).Text(), "Na");
+  EXPECT_EQ(counts.PopupMenu1.RowTextAt(12), "Na");
+  EXPECT_EQ(counts.PopupMenu1.RowCount(), 14);
+  EXPECT_EQ(AccessibleName(counts.textfield1(7)), "Na");
+  EXPECT_EQ(AccessibleName(editor.textfield1(5)), "%(M+2)/M");
+  Program::Type(counts.textfield1(7), "1");
+  Program::Type(main.textfield1, "138");
+  Program::Choose("FileClear");
+  Program::Click(counts.PushButton3);
+  EXPECT_EQ(program.Results(),
+            "1 Cl\r2 S\r1 Na\r"
+            "    MASS    16  C  H  N  O    M+1    M+2  RDB\r"
+            "   ----------- -- -- -- --   ----   ----  ---\r"
+            "   1) 137.8977           1   1.64  41.29   .0\n"
+            "\r\r");
+  Program::Click(counts.PushButton2);
+  for (int i = 0; i < 9; ++i) EXPECT_EQ(counts.textfield1(i).Text(), "0");
+}
+
+TEST(ElementEditors, TakeWhateverIsTyped) {
+  Program program;
+  Program::Click(program.Main().CheckBox2);
+  Window1& counts = Window1::Instance();
+  Window2& editor = Window2::Instance();
+  const std::string longName(10'000, 'm');
+  for (const std::string& text :
+       {std::string("<b>x</b>"), std::string("A&B"), longName, std::string("a\nb"), std::string(),
+        std::string("1e39"), std::string("-100")}) {
+    for (const int row : {0, 3, 4, 12}) {
+      ChooseRow(row + 1);
+      for (int column = 0; column < 6; ++column) editor.textfield1(column).Text(text);
+      Program::Click(editor.PushButton2);
+      for (int column = 0; column < 6; ++column) ASSERT_EQ(Cell(row, column), text);
+      ASSERT_EQ(counts.PopupMenu1.RowTextAt(row + 1), text);
+      if (row >= 4) {
+        ASSERT_EQ(counts.Label3(row - 4).Text(), text);
+      }
+      counts.textfield1(8).Text(text);
+      Program::Click(counts.PushButton3);
+      ASSERT_EQ(counts.textfield1(8).Text(), text);
+      Program::Choose("FileClear");
+    }
+    EXPECT_EQ(counts.Label1.Text(), "Elements other than " + text + ", H, N, " + text);
+  }
+}
+
+TEST(ElementEditors, PlaceThemselvesOnceBesideTheMainWindow) {
+  for (const int left : {40, 700}) {
+    Program program;
+    TextWindow& main = program.Main();
+    main.Left(left);
+    main.Top(30);
+    Program::Choose("FileElementdata");
+    Program::Click(main.CheckBox2);
+    ChooseRow(1);
+    const int screen = QApplication::primaryScreen()->geometry().width();
+    Window1& counts = Window1::Instance();
+    EXPECT_EQ(counts.Left(), std::min(main.Left() + 505, screen - 225));
+    EXPECT_EQ(counts.Top(), main.Top());
+    EXPECT_EQ(Window2::Instance().Left(), std::min(counts.Left() + 230, screen - 225));
+    EXPECT_EQ(Window3::Instance().Left(), std::min(main.Left() + 505, screen - 478));
+    EXPECT_EQ(Window3::Instance().Top(), 400);
+    const int stood = counts.Left();
+    main.Left(left + 25);
+    Program::Click(main.CheckBox2);
+    Program::Click(main.CheckBox2);
+    EXPECT_EQ(counts.Left(), stood);
+  }
+}
+
+}  // namespace
+}  // namespace peakwright

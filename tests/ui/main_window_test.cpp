@@ -1,0 +1,188 @@
+// The main window under its user's keys and clicks.
+
+#include <stdexcept>
+#include <vector>
+
+#include <QAbstractScrollArea>
+#include <QMenu>
+#include <QScrollBar>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+#include "tests/support/program.h"
+
+namespace peakwright {
+namespace {
+
+const std::string kListing58 =
+    "    MASS    58  C  H  N  O    M+1    M+2  RDB\r"
+    "   ----------- -- -- -- --   ----   ----  ---\r"
+    "   1)  58.0279     2  4      1.50    .01  2.0\n"
+    "   2)  58.0041        3  1   1.13    .00  2.5\n"
+    "   3)  58.0405  1  4  3      2.28    .02  1.5\n"
+    "   4)  58.0167  1  2  2  1   1.92    .01  2.0\n"
+    "   5)  57.9929  1     1  2   1.56    .01  2.5\n"
+    "   6)  58.0531  2  6  2      3.07    .03  1.0\n"
+    "   7)  58.0293  2  4  1  1   2.71    .02  1.5\n"
+    "   8)  58.0055  2  2     2   2.35    .01  2.0\n"
+    "   9)  58.0657  3  8  1      3.85    .05   .5\n"
+    "  10)  58.0419  3  6     1   3.49    .04  1.0\n"
+    "  11)  58.0783  4 10         4.64    .08   .0\n"
+    "\r\r";
+
+TEST(MainWindow, ListsAMassTypedAndReturned) {
+  Program program;
+  TextWindow& main = program.Main();
+  const std::string start = program.Results();
+  EXPECT_EQ(start.substr(0, 26), "  Version 1.70 December 28");
+  EXPECT_EQ(start.back(), '\r');
+  QTest::keyClicks(main.textfield1.Native(), QStringLiteral("58.9"));
+  Program::Key(main.textfield1, Qt::Key_Return);
+  EXPECT_EQ(main.textfield1.Text(), "58");
+  EXPECT_EQ(program.Results(), start + kListing58);
+
+  Program::Type(main.textfield1, "benzene");
+  Program::Key(main.textfield1, Qt::Key_Enter);
+  EXPECT_EQ(main.textfield1.Text(), "0");
+  EXPECT_EQ(program.Results(),
+            start + kListing58 + "Insufficient mass remaining for C, H, N, or O.\r\r");
+}
+
+TEST(MainWindow, ReturnRunsAndEscapeClearsFromEveryControl) {
+  Program program;
+  TextWindow& main = program.Main();
+  Program::Type(main.textfield1, "58");
+  for (const DesktopUIControl* control : {static_cast<DesktopUIControl*>(&main.textfield1),
+                                          static_cast<DesktopUIControl*>(&main.Pushbutton1),
+                                          static_cast<DesktopUIControl*>(&main.checkbox1),
+                                          static_cast<DesktopUIControl*>(&main.CheckBox2),
+                                          static_cast<DesktopUIControl*>(&main.PushButton2),
+                                          static_cast<DesktopUIControl*>(&main.PushButton3)}) {
+    Program::Key(*control, Qt::Key_Escape);
+    EXPECT_EQ(program.Results(), "");
+    Program::Key(*control, Qt::Key_Return);
+    EXPECT_EQ(program.Results(), kListing58);
+  }
+  Program::Key(main.textfield2, Qt::Key_Escape);
+  EXPECT_EQ(program.Results(), "");
+  Program::Key(main.textfield2, Qt::Key_Return);
+  EXPECT_EQ(program.Results(), "\r");
+  EXPECT_EQ(main.textfield1.Text(), "58");
+}
+
+TEST(MainWindow, TabFollowsTheOrderOutOfTheResultsToo) {
+  Program program;
+  TextWindow& main = program.Main();
+  Program::Focus(main.textfield1);
+  for (const DesktopUIControl* next : {static_cast<DesktopUIControl*>(&main.Pushbutton1),
+                                       static_cast<DesktopUIControl*>(&main.checkbox1),
+                                       static_cast<DesktopUIControl*>(&main.textfield2),
+                                       static_cast<DesktopUIControl*>(&main.CheckBox2),
+                                       static_cast<DesktopUIControl*>(&main.PushButton2),
+                                       static_cast<DesktopUIControl*>(&main.PushButton3),
+                                       static_cast<DesktopUIControl*>(&main.textfield1)}) {
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), next->Native());
+  }
+}
+
+TEST(MainWindow, BoxAndMenuItemAreOne) {
+  Program program;
+  TextWindow& main = program.Main();
+  Program::Type(main.textfield1, "1");
+  Program::Choose("FileClear");
+  const std::string none =
+      "    MASS     1  C  H  N  O    M+1    M+2  RDB\r"
+      "   ----------- -- -- -- --   ----   ----  ---\r\rThere are no valid combinations.\r\r";
+  Program::Click(main.checkbox1);
+  EXPECT_EQ(program.Results(), "Nitrogen rule applied:\r" + none);
+  EXPECT_TRUE(Program::Marked("FileApplynitrogenrule"));
+  main.checkbox1.Value(true);
+  EXPECT_EQ(program.Results(), "Nitrogen rule applied:\r" + none) << "no change, no run";
+  Program::Choose("FileClear");
+  Program::Choose("FileApplynitrogenrule");
+  EXPECT_FALSE(main.checkbox1.Value());
+  EXPECT_FALSE(Program::Marked("FileApplynitrogenrule"));
+  EXPECT_EQ(program.Results().find("Nitrogen"), std::string::npos);
+  EXPECT_NE(program.Results().find("   1)   1.0078     1          .02    .00   .5\n"),
+            std::string::npos);
+}
+
+TEST(MainWindow, WritesAtTheInsertionPointAndScrollsBelowTheOldEnd) {
+  Program program;
+  TextWindow& main = program.Main();
+  Program::Choose("FileClear");
+  Program::Type(main.textfield2, "ab");
+  QTest::keyClick(main.textfield2.Native(), Qt::Key_Left, Qt::ShiftModifier);
+  Program::Type(main.textfield1, "58");
+  Program::Choose("FileRun");
+  EXPECT_EQ(program.Results(), "a" + kListing58);
+  struct Case {
+    const char* menuItem;
+    std::int64_t step;
+  };
+  for (const Case& command :
+       {Case{"FileRun", 20}, Case{"FileMoreinfo", 10}, Case{"FileAbout", 10}}) {
+    Program::Type(main.textfield1, "200");
+    const std::int64_t end = main.textfield2.LineNumber(main.textfield2.TextLength());
+    Program::Choose(command.menuItem);
+    const int last =
+        static_cast<QAbstractScrollArea*>(main.textfield2.Native())->verticalScrollBar()->maximum();
+    EXPECT_EQ(main.textfield2.VerticalScrollPosition(),
+              std::min<std::int64_t>(end + command.step, last));
+  }
+}
+
+TEST(MainWindow, ClearIsUndone) {
+  Program program;
+  TextWindow& main = program.Main();
+  const std::string start = program.Results();
+  Program::Key(main.textfield2, Qt::Key_Escape);
+  ASSERT_EQ(program.Results(), "");
+  DesktopMenuItem& edit = *Menu::Instance().Child("Edit");
+  edit.NativeMenu().popup({});
+  EXPECT_TRUE(edit.Child("EditUndo")->Native()->isEnabled());
+  EXPECT_FALSE(edit.Child("EditCut")->Native()->isEnabled());
+  edit.NativeMenu().close();
+  Program::Choose("EditUndo");
+  EXPECT_EQ(program.Results(), start);
+  QTest::keySequence(main.textfield2.Native(), QKeySequence::Redo);
+  EXPECT_EQ(program.Results(), "");
+}
+
+TEST(MainWindow, ResizesTheResultsOnARealChangeOnly) {
+  Program program;
+  TextWindow& main = program.Main();
+  QApplication::processEvents();
+  EXPECT_EQ(main.textfield2.Width(), 492);
+  EXPECT_EQ(main.textfield2.Height(), 600);
+  const QSize frame = main.Native()->size() - main.Content()->size();
+  struct Case {
+    QSize window, results;
+  };
+  for (const Case& size :
+       {Case{{600, 700}, {575, 640}}, Case{{500, 650}, {475, 590}}, Case{{64, 64}, {39, 4}}}) {
+    main.Native()->resize(size.window + frame);
+    QApplication::processEvents();
+    EXPECT_EQ(main.textfield2.Native()->size(), size.results);
+    EXPECT_EQ(main.textfield2.Native()->pos(), QPoint(8, 48));
+  }
+}
+
+TEST(MainWindow, GoesOnAfterAnExceptionAndEndsWithZero) {
+  Program program;
+  TextWindow& main = program.Main();
+  const std::string before = program.Results();
+  main.CheckForUpdates = [] { throw std::runtime_error("no luck"); };
+  Program::Choose("FileUpdate");
+  EXPECT_EQ(program.LastException(), "no luck");
+  EXPECT_EQ(program.Results(), before);
+  for (const auto& end : {std::function<void()>([&] { main.Native()->close(); }),
+                          std::function<void()>([] { Program::Choose("FileQuit"); })}) {
+    QTimer::singleShot(0, QApplication::instance(), end);
+    EXPECT_EQ(program.Run([] {}), 0);
+  }
+}
+
+}  // namespace
+}  // namespace peakwright
