@@ -1,9 +1,11 @@
 #include "runtime/text_area_view.h"
 
 #include <algorithm>
+#include <array>
 #include <stdexcept>
 #include <utility>
 
+#include <QHash>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMimeData>
@@ -88,7 +90,10 @@ class TextAreaView::LineCountingLayout : public QPlainTextDocumentLayout {
   using QPlainTextDocumentLayout::QPlainTextDocumentLayout;
 
   void CountAll(int areaWidth) {
-    areaWidth_ = areaWidth;
+    const QFontMetricsF metrics(document()->defaultFont());
+    room_ = areaWidth - 2 * document()->documentMargin();
+    columns_ = static_cast<qsizetype>((room_ - 1) / metrics.horizontalAdvance(u'0'));
+    linesOfShape_.clear();
     Count(document()->firstBlock(), document()->lastBlock());
   }
 
@@ -101,38 +106,51 @@ class TextAreaView::LineCountingLayout : public QPlainTextDocumentLayout {
 
  private:
   void Count(QTextBlock block, const QTextBlock& last) {
-    const QFontMetricsF metrics(document()->defaultFont());
-    const double room = areaWidth_ - 2 * document()->documentMargin() - 1;
-    const auto columns = static_cast<qsizetype>(room / metrics.horizontalAdvance(u'0'));
     for (; block.isValid(); block = block.next()) {
-      const int lines = LinesIfNoneWraps(block.text(), columns);
-      if (lines > 0) {
-        block.setLineCount(lines);
-      } else {
-        blockBoundingRect(block);  // Lays the block out, and so counts it.
+      const QString text = block.text();
+      int lines = 0;
+      for (qsizetype start = 0, end = 0; end < text.size(); start = end + 1) {
+        end = text.indexOf(kLineFeed, start);
+        if (end < 0) end = text.size();
+        lines += DisplayedLines(QStringView(text).mid(start, end - start));
       }
+      block.setLineCount(std::max(lines, 1));
       if (block == last) break;
     }
     emit documentSizeChanged(documentSize());
   }
 
-  /// The lines of a block, or 0 if that takes a layout: a line is long or its width is unknown.
-  static int LinesIfNoneWraps(const QString& text, qsizetype columns) {
-    int lines = 1;
-    qsizetype start = 0;
-    for (qsizetype i = 0; i <= text.size(); ++i) {
-      if (i == text.size() || text[i] == kLineFeed) {
-        if (i - start > columns) return 0;
-        if (i < text.size()) ++lines;
-        start = i + 1;
-      } else if (text[i] < u' ' || text[i] > u'~') {
-        return 0;
-      }
+  /// The lines that the text between two line ends takes. Short ones that differ in digits only
+  /// wrap alike, so that the rows of a listing cost one layout for each of their few shapes.
+  int DisplayedLines(QStringView text) {
+    constexpr qsizetype kLongestShape = 64;
+    std::array<QChar, kLongestShape> shape;
+    if (text.size() > kLongestShape) return LinesByLayout(text.toString());
+    for (qsizetype i = 0; i < text.size(); ++i) {
+      if (text[i] < u' ' || text[i] > u'~') return LinesByLayout(text.toString());
+      shape[static_cast<std::size_t>(i)] = text[i].isDigit() ? u'0' : text[i];
     }
-    return lines;
+    if (text.size() <= columns_) return 1;
+    const QString key = QString::fromRawData(shape.data(), text.size());
+    const auto known = linesOfShape_.constFind(key);
+    if (known != linesOfShape_.constEnd()) return *known;
+    return *linesOfShape_.insert(QString(shape.data(), text.size()), LinesByLayout(key));
   }
 
-  int areaWidth_ = 0;
+  int LinesByLayout(const QString& text) const {
+    QTextLayout layout(text, document()->defaultFont());
+    layout.setTextOption(document()->defaultTextOption());
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+      line.setLineWidth(room_);
+    }
+    layout.endLayout();
+    return layout.lineCount();
+  }
+
+  double room_ = 0;        // Width that a line can take, in pixels.
+  qsizetype columns_ = 0;  // Characters that surely fit in a line.
+  QHash<QString, int> linesOfShape_;
 };
 
 TextAreaView::TextAreaView() {
