@@ -1,3 +1,4 @@
+# shellcheck shell=bash disable=SC2034
 # Sourced by ./run, ./test and .ci/run: installs what a build lacks, then builds.
 
 build_packages=(g++ cmake ninja-build qt6-base-dev libgtest-dev libbenchmark-dev fonts-dejavu-core)
