@@ -9,7 +9,7 @@ as_root() {
 }
 
 apt_install() {
-  as_root env DEBIAN_FRONTEND=noninteractive apt-get install -qq --no-install-recommends "$@" >&2
+  as_root env DEBIAN_FRONTEND=noninteractive apt-get install -qq --no-install-recommends "$@" >/dev/null
 }
 
 # Installs those of the named Debian packages that the machine lacks. Elsewhere than on Debian and
@@ -24,7 +24,7 @@ ensure_packages() {
   ((${#missing[@]})) || return 0
   echo "Installing from Debian's packages: ${missing[*]}" >&2
   apt_install "${missing[@]}" 2>/dev/null ||  # the package lists may be absent or out of date
-    { as_root apt-get update -qq >&2 && apt_install "${missing[@]}"; }
+    { as_root apt-get update -qq && apt_install "${missing[@]}"; }
 }
 
 if command -v ccache >/dev/null; then
