@@ -24,7 +24,7 @@ int App::Main() { return Run(MakeDefaultView); }
 void App::BringUp() { Start(MakeDefaultView); }
 
 void App::Event_Opening() {
-  Module1::CR = "\n";
+  Module1::CR = '\n';
   Module1::appname = "Peakwright.app";
 }
 

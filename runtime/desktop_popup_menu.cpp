@@ -23,13 +23,8 @@ class NativePopup : public QComboBox {
       case Qt::Key_Space:
         showPopup();
         break;
-      case Qt::Key_Return:
-      case Qt::Key_Enter:
-      case Qt::Key_Escape:
+      default:  // Return and Escape among them, which belong to the window's buttons
         event->ignore();
-        break;
-      default:
-        QWidget::keyPressEvent(event);
     }
   }
 };
