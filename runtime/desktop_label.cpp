@@ -1,6 +1,8 @@
 #include "runtime/desktop_label.h"
 
 #include <QEvent>
+#include <QFontInfo>
+#include <QFontMetrics>
 #include <QLabel>
 #include <QMouseEvent>
 
@@ -9,6 +11,19 @@
 
 namespace peakwright {
 namespace {
+
+/// `font`, or the next smaller size in which `text` fits into `width`. Captions are laid out for a
+/// narrow face, and the system's may be a wide one. A text that no size makes fit is cut off.
+QFont FittingFont(const QFont& font, const QString& text, int width) {
+  constexpr int kMostPixelsLess = 2;
+  const int size = QFontInfo(font).pixelSize();
+  QFont smaller = font;
+  for (int less = 0; less <= kMostPixelsLess; ++less) {
+    smaller.setPixelSize(size - less);
+    if (QFontMetrics(smaller).horizontalAdvance(text) <= width) return smaller;
+  }
+  return font;
+}
 
 class NativeLabel : public QLabel {
  public:
@@ -19,7 +34,7 @@ class NativeLabel : public QLabel {
 
  protected:
   bool event(QEvent* event) override {
-    if (event->type() == QEvent::ApplicationPaletteChange) SetReadableTextColor(*this, color_);
+    if (event->type() == QEvent::PaletteChange) SetReadableTextColor(*this, color_);
     return QLabel::event(event);
   }
 
@@ -39,7 +54,9 @@ class NativeLabel : public QLabel {
 
 DesktopLabel::DesktopLabel(DesktopWindow& window, const ControlLayout& layout)
     : DesktopUIControl(window, std::make_unique<NativeLabel>(*this, layout.TextColor), layout),
-      multiline_(layout.Multiline) {
+      multiline_(layout.Multiline),
+      bold_(layout.Bold),
+      fontSize_(layout.FontSize) {
   auto& label = static_cast<QLabel&>(*Native());
   label.setWordWrap(multiline_);
   label.setAlignment(
@@ -53,7 +70,9 @@ void DesktopLabel::Text(std::string_view text) {
   QString shown = QString::fromStdString(text_);
   shown.replace(u'\r', u'\n');
   if (!multiline_) shown.replace(u'\n', u' ');
-  static_cast<QLabel&>(*Native()).setText(shown);
+  auto& label = static_cast<QLabel&>(*Native());
+  label.setText(shown);
+  if (!multiline_) label.setFont(FittingFont(SystemFont(fontSize_, bold_), shown, Width()));
   for (DesktopUIControl* control : named_) control->AccessibleName(text_);
 }
 

@@ -9,7 +9,7 @@
 
 namespace peakwright {
 
-/// A caption. Its text is shown as it is, without markup, and cut off at its box.
+/// A caption. Its text is shown as it is, without markup; what is too long for its box is cut off.
 class DesktopLabel : public DesktopUIControl {
  public:
   DesktopLabel(DesktopWindow& window, const ControlLayout& layout);
@@ -25,6 +25,8 @@ class DesktopLabel : public DesktopUIControl {
 
  private:
   bool multiline_;
+  bool bold_;
+  int fontSize_;
   std::string text_;
   std::vector<DesktopUIControl*> named_;
 };

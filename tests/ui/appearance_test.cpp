@@ -1,0 +1,124 @@
+// How the windows look, measured on their pixels.
+
+#include "runtime/appearance.h"
+
+#include <QCheckBox>
+#include <QImage>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMap>
+#include <QMenuBar>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QStyle>
+#include <QStyleOptionButton>
+#include <gtest/gtest.h>
+
+#include "runtime/color.h"
+#include "tests/support/program.h"
+
+namespace peakwright {
+namespace {
+
+/// The best contrast of any pixel of the text with the colour that most pixels have.
+double TextContrast(const QImage& image, QColor* background = nullptr) {
+  QMap<QRgb, int> counts;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) ++counts[image.pixel(x, y)];
+  }
+  const auto most = std::max_element(counts.cbegin(), counts.cend());
+  double best = 1;
+  for (auto color = counts.cbegin(); color != counts.cend(); ++color) {
+    best = std::max(best, Contrast(QColor(color.key()), QColor(most.key())));
+  }
+  if (background != nullptr) *background = QColor(most.key());
+  return best;
+}
+
+int RoomForText(const QWidget& widget) {
+  QStyleOptionButton option;
+  option.initFrom(&widget);
+  const QStyle& style = *widget.style();
+  if (qobject_cast<const QCheckBox*>(&widget) != nullptr) {
+    return style.subElementRect(QStyle::SE_CheckBoxContents, &option, &widget).width();
+  }
+  if (qobject_cast<const QPushButton*>(&widget) != nullptr) {
+    return style.subElementRect(QStyle::SE_PushButtonContents, &option, &widget).width();
+  }
+  return widget.width();
+}
+
+/// The part of a control's box in which something is drawn.
+QRect Painted(const QWidget& control) {
+  QRect box = control.geometry();
+  if (qobject_cast<const QCheckBox*>(&control) != nullptr) box.setWidth(control.sizeHint().width());
+  return box;
+}
+
+void CheckControls(const QWidget& content) {
+  const QList<QWidget*> controls =
+      content.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+  for (QWidget* control : controls) {
+    if (!control->isVisible()) continue;
+    const std::string text = control->property("text").toString().toStdString();
+    QColor background;
+    if (auto* line = qobject_cast<QLineEdit*>(control)) line->deselect();
+    const bool framed = qobject_cast<QLabel*>(control) == nullptr;
+    const QRect inside = control->rect() - (framed ? QMargins(4, 4, 4, 4) : QMargins());
+    const double contrast = TextContrast(control->grab(inside).toImage(), &background);
+    EXPECT_GE(contrast, 4.5) << text;
+    const bool field = qobject_cast<QLineEdit*>(control) != nullptr ||
+                       qobject_cast<QPlainTextEdit*>(control) != nullptr;
+    if (field) {
+      EXPECT_EQ(background, QColor(Qt::white)) << text;
+      EXPECT_GE(contrast, 20) << "black on white";
+    } else {
+      EXPECT_LE(control->fontMetrics().horizontalAdvance(control->property("text").toString()),
+                RoomForText(*control))
+          << text;
+    }
+    for (QWidget* other : controls) {
+      const QRect overlap = Painted(*control) & Painted(*other);
+      if (other == control || !other->isVisible() || overlap.isEmpty()) continue;
+      EXPECT_LE(std::min(overlap.width(), overlap.height()), 2) << text;
+    }
+  }
+}
+
+TEST(Appearance, CanBeReadInLightAndDark) {
+  for (const bool dark : {false, true}) {
+    SCOPED_TRACE(dark ? "dark" : "light");
+    Program program;
+    ShowAppearance(dark);
+    EXPECT_EQ(Color::IsDarkMode(), dark);
+    program.Main().Pushbutton1.Press();
+    program.Main().CheckBox2.Value(true);
+    Window2::Instance().Edit(5);
+    Window3::Instance().Show();
+    QApplication::processEvents();
+    // Without a focus no field has a caret or a selection.
+    if (QApplication::focusWidget() != nullptr) QApplication::focusWidget()->clearFocus();
+    for (const DesktopWindow* window : {static_cast<DesktopWindow*>(&program.Main()),
+                                        static_cast<DesktopWindow*>(&Window1::Instance()),
+                                        static_cast<DesktopWindow*>(&Window2::Instance()),
+                                        static_cast<DesktopWindow*>(&Window3::Instance())}) {
+      CheckControls(*window->Content());
+    }
+    EXPECT_GE(TextContrast(Menu::Instance().Native()->grab().toImage()), 4.5);
+    ShowAppearance(false);
+  }
+}
+
+TEST(Appearance, ShowsReportRowsUnwrapped) {
+  Program program;
+  program.Main().PushButton2.Press();
+  program.Main().Pushbutton1.Press();
+  QApplication::processEvents();
+  DesktopTextArea& results = program.Main().textfield2;
+  EXPECT_EQ(results.LineNumber(results.TextLength()), 2 + 28 + 2);
+  const auto& view = static_cast<const QPlainTextEdit&>(*results.Native());
+  EXPECT_EQ(view.fontMetrics().horizontalAdvance(u'i'), view.fontMetrics().horizontalAdvance(u'W'));
+}
+
+}  // namespace
+}  // namespace peakwright
