@@ -1,6 +1,5 @@
 // Runs tests of the desktop without a display, unless the environment names one.
 #include <QApplication>
-
 #include <gtest/gtest.h>
 
 int main(int argc, char** argv) {
