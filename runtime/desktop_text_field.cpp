@@ -25,7 +25,7 @@ std::string DesktopTextField::Text() const {
 void DesktopTextField::Text(std::string_view text) {
   auto& field = static_cast<QLineEdit&>(*Native());
   field.setText(ToQString(text));
-  if (field.hasFocus()) {
+  if (field.window()->focusWidget() == &field) {
     field.selectAll();
   } else {
     field.home(false);

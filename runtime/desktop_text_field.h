@@ -13,7 +13,7 @@ class DesktopTextField : public DesktopUIControl {
   DesktopTextField(DesktopWindow& window, const ControlLayout& layout);
 
   std::string Text() const;
-  /// In the field that has the focus the new text is selected, ready to be typed over.
+  /// In the field that has its window's focus the new text is selected, ready to be typed over.
   void Text(std::string_view text);
 };
 

@@ -62,20 +62,22 @@ class DesktopWindow::NativeWindow : public QMainWindow {
   }
 
   void ApplyTabOrder() {
+    std::erase_if(tabOrder_, [](const auto& entry) {
+      return (entry.second->focusPolicy() & Qt::TabFocus) == 0;
+    });
     std::stable_sort(tabOrder_.begin(), tabOrder_.end(),
                      [](const auto& a, const auto& b) { return a.first < b.first; });
-    QWidget* before = nullptr;
-    for (const auto& [index, widget] : tabOrder_) {
-      if ((widget->focusPolicy() & Qt::TabFocus) == 0) continue;
-      if (before == nullptr) {
-        widget->setFocus();
-        // As if tabbed into: what stands in the first field gives way to what is typed.
-        if (auto* field = qobject_cast<QLineEdit*>(widget)) field->selectAll();
-      } else {
-        setTabOrder(before, widget);
-      }
-      before = widget;
+    for (std::size_t i = 1; i < tabOrder_.size(); ++i) {
+      setTabOrder(tabOrder_[i - 1].second, tabOrder_[i].second);
     }
+  }
+
+  void FocusFirst() {
+    if (tabOrder_.empty()) return;
+    QWidget* first = tabOrder_.front().second;
+    first->setFocus();
+    // As if tabbed into: what stands in the field gives way to what is typed.
+    if (auto* field = qobject_cast<QLineEdit*>(first)) field->selectAll();
   }
 
   std::vector<std::pair<int, QWidget*>> tabOrder_;
@@ -153,6 +155,7 @@ void DesktopWindow::Open() {
 }
 
 void DesktopWindow::Show() {
+  if (native_->isHidden()) native_->FocusFirst();
   if (native_->isMinimized()) {
     native_->showNormal();
   } else {

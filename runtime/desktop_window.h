@@ -28,7 +28,9 @@ class DesktopWindow : public ImplicitInstance {
   int Width() const;   ///< Of the content.
   int Height() const;  ///< Of the content.
 
-  void Show();  ///< Brings the window on screen and to the front.
+  /// Brings the window on screen and to the front. One that was hidden gives the focus to its first
+  /// control.
+  void Show();
   void Hide();
   /// Takes the window off the screen for good; the next reference to it makes a new one. Safe to
   /// call from a handler of the window itself.

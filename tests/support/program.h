@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include <QAction>
 #include <QApplication>
@@ -15,6 +16,8 @@
 #include "ui/text_window.h"
 
 namespace peakwright {
+
+using Controls = std::vector<const DesktopUIControl*>;
 
 /// The program, started as its user starts it, and the user's hands on it.
 class Program : public App {

@@ -98,10 +98,8 @@ TEST(Appearance, CanBeReadInLightAndDark) {
     QApplication::processEvents();
     // Without a focus no field has a caret or a selection.
     if (QApplication::focusWidget() != nullptr) QApplication::focusWidget()->clearFocus();
-    for (const DesktopWindow* window : {static_cast<DesktopWindow*>(&program.Main()),
-                                        static_cast<DesktopWindow*>(&Window1::Instance()),
-                                        static_cast<DesktopWindow*>(&Window2::Instance()),
-                                        static_cast<DesktopWindow*>(&Window3::Instance())}) {
+    for (const DesktopWindow* window : std::initializer_list<const DesktopWindow*>{
+             &program.Main(), &Window1::Instance(), &Window2::Instance(), &Window3::Instance()}) {
       CheckControls(*window->Content());
     }
     EXPECT_GE(TextContrast(Menu::Instance().Native()->grab().toImage()), 4.5);

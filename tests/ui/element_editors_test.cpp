@@ -115,8 +115,11 @@ TEST(ElementEditors, MakeSodiumOfXAndListIt) {
   DoubleClickRow(11);
   Window2& editor = Window2::Instance();
   const char* const sodium[] = {"Na", "23", "22.98977", "1", "0", "0"};
-  for (int column = 0; column < 6; ++column)
-    Program::Type(editor.textfield1(column), sodium[column]);
+  QApplication::processEvents();
+  for (int column = 0; column < 6; ++column) {
+    QTest::keyClicks(QApplication::focusWidget(), QString::fromLatin1(sodium[column]));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  }
   EXPECT_EQ(Cell(11, 0), "X") << "the table changes at Change only";
   Program::Click(editor.PushButton2);
   for (int column = 0; column < 6; ++column) EXPECT_EQ(Cell(11, column), sodium[column]);

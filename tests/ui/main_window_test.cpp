@@ -52,12 +52,9 @@ TEST(MainWindow, ReturnRunsAndEscapeClearsFromEveryControl) {
   Program program;
   TextWindow& main = program.Main();
   Program::Type(main.textfield1, "58");
-  for (const DesktopUIControl* control : {static_cast<DesktopUIControl*>(&main.textfield1),
-                                          static_cast<DesktopUIControl*>(&main.Pushbutton1),
-                                          static_cast<DesktopUIControl*>(&main.checkbox1),
-                                          static_cast<DesktopUIControl*>(&main.CheckBox2),
-                                          static_cast<DesktopUIControl*>(&main.PushButton2),
-                                          static_cast<DesktopUIControl*>(&main.PushButton3)}) {
+  for (const DesktopUIControl* control :
+       Controls{&main.textfield1, &main.Pushbutton1, &main.checkbox1, &main.CheckBox2,
+                &main.PushButton2, &main.PushButton3}) {
     Program::Key(*control, Qt::Key_Escape);
     EXPECT_EQ(program.Results(), "");
     Program::Key(*control, Qt::Key_Return);
@@ -74,13 +71,9 @@ TEST(MainWindow, TabFollowsTheOrderOutOfTheResultsToo) {
   Program program;
   TextWindow& main = program.Main();
   Program::Focus(main.textfield1);
-  for (const DesktopUIControl* next : {static_cast<DesktopUIControl*>(&main.Pushbutton1),
-                                       static_cast<DesktopUIControl*>(&main.checkbox1),
-                                       static_cast<DesktopUIControl*>(&main.textfield2),
-                                       static_cast<DesktopUIControl*>(&main.CheckBox2),
-                                       static_cast<DesktopUIControl*>(&main.PushButton2),
-                                       static_cast<DesktopUIControl*>(&main.PushButton3),
-                                       static_cast<DesktopUIControl*>(&main.textfield1)}) {
+  for (const DesktopUIControl* next :
+       Controls{&main.Pushbutton1, &main.checkbox1, &main.textfield2, &main.CheckBox2,
+                &main.PushButton2, &main.PushButton3, &main.textfield1}) {
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     EXPECT_EQ(QApplication::focusWidget(), next->Native());
   }
@@ -131,6 +124,25 @@ TEST(MainWindow, WritesAtTheInsertionPointAndScrollsBelowTheOldEnd) {
     EXPECT_EQ(main.textfield2.VerticalScrollPosition(),
               std::min<std::int64_t>(end + command.step, last));
   }
+}
+
+TEST(MainWindow, TakesItsShortcutsFromEveryWindow) {
+  Program program;
+  TextWindow& main = program.Main();
+  Program::Choose("FileElementdata");
+  Window2::Instance().Edit(0);
+  int checks = 0;
+  main.CheckForUpdates = [&] { ++checks; };
+  Program::Type(main.textfield1, "58");
+  for (const DesktopUIControl* control :
+       Controls{&main.textfield2, &Window1::Instance().textfield1(0),
+                &Window2::Instance().textfield1(0), &Window3::Instance().ListBox1}) {
+    Program::Choose("FileClear");
+    Program::Key(*control, Qt::Key_R, Qt::ControlModifier);
+    EXPECT_EQ(program.Results(), kListing58);
+    Program::Key(*control, Qt::Key_U, Qt::ControlModifier);
+  }
+  EXPECT_EQ(checks, 4);
 }
 
 TEST(MainWindow, ClearIsUndone) {
