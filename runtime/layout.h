@@ -39,7 +39,7 @@ enum class TextAlignment { Left = 0, Center = 2 };
 
 struct ControlLayout {
   std::string_view Text;  ///< Text, caption or initial rows.
-  Rect Place;              ///< In the window's content.
+  Rect Place;             ///< In the window's content.
   int TabIndex;
   bool Visible = true;
   bool TabStop = true;
