@@ -14,6 +14,7 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextLayout>
+#include <QTimer>
 
 #include "runtime/caption_text.h"
 
@@ -177,6 +178,7 @@ std::string TextAreaView::Text() const {
 
 void TextAreaView::ReplaceText(std::string_view text) {
   if (text.empty() && document()->isEmpty()) return;
+  shown_->clearUndoRedoStacks(QTextDocument::RedoStack);
   std::unique_ptr<QTextDocument> replaced = std::move(shown_);
   Show(NewDocument());
   earlier_ = std::move(replaced);
@@ -190,7 +192,13 @@ void TextAreaView::InsertText(std::string_view text) {
   }
   const int top = verticalScrollBar()->value();
   QTextCursor cursor = textCursor();
-  cursor.beginEditBlock();
+  if (joinsNext_) {
+    cursor.joinPreviousEditBlock();
+  } else {
+    cursor.beginEditBlock();
+  }
+  joinsNext_ = true;
+  QTimer::singleShot(0, this, [this] { joinsNext_ = false; });
   cursor.removeSelectedText();
   Insert(cursor, text);
   cursor.endEditBlock();
@@ -206,6 +214,7 @@ int TextAreaView::LineNumber(int position) const {
 }
 
 void TextAreaView::Undo() {
+  joinsNext_ = false;
   if (document()->isUndoAvailable()) {
     undo();
   } else if (earlier_ != nullptr) {

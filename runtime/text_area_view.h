@@ -22,7 +22,7 @@ class TextAreaView : public QPlainTextEdit {
   void ReplaceText(std::string_view text);
   /// Replaces the selection, or inserts at the insertion point, and leaves the insertion point
   /// behind the text. Doesn't scroll. Throws std::length_error if the text would grow past what
-  /// the toolkit can number; nothing is changed then.
+  /// the toolkit can number; nothing is changed then. What one event inserts is one step of Undo.
   void InsertText(std::string_view text);
 
   int TextLength() const { return document()->characterCount() - 1; }
@@ -50,6 +50,7 @@ class TextAreaView : public QPlainTextEdit {
   void Recount();
   LineCountingLayout& Layout() const;
 
+  bool joinsNext_ = false;  // The next insertion belongs to the same event.
   std::unique_ptr<QTextDocument> shown_;
   std::unique_ptr<QTextDocument>
       earlier_;                           // What Undo shows when the shown text has no more steps.

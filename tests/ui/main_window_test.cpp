@@ -145,10 +145,15 @@ TEST(MainWindow, TakesItsShortcutsFromEveryWindow) {
   EXPECT_EQ(checks, 4);
 }
 
-TEST(MainWindow, ClearIsUndone) {
+TEST(MainWindow, RunAndClearAreUndone) {
   Program program;
   TextWindow& main = program.Main();
   const std::string start = program.Results();
+  QApplication::processEvents();
+  Program::Choose("FileRun");
+  Program::Focus(main.textfield2);
+  QTest::keySequence(main.textfield2.Native(), QKeySequence::Undo);
+  EXPECT_EQ(program.Results(), start) << "one step takes back a whole run";
   Program::Key(main.textfield2, Qt::Key_Escape);
   ASSERT_EQ(program.Results(), "");
   DesktopMenuItem& edit = *Menu::Instance().Child("Edit");
