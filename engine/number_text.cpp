@@ -49,11 +49,4 @@ double Val(std::string_view text) {
 
 std::string Str(std::int64_t value) { return std::to_string(value); }
 
-std::int64_t Truncate(double value) {
-  constexpr double kBound = 9223372036854775808.0;  // 2^63, the first value too large
-  if (value >= -kBound && value < kBound) return static_cast<std::int64_t>(value);
-  if (value < 0) return std::numeric_limits<std::int64_t>::min();
-  return value > 0 ? std::numeric_limits<std::int64_t>::max() : 0;
-}
-
 }  // namespace peakwright

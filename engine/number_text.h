@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <string>
 #include <string_view>
 
@@ -16,6 +17,11 @@ double Val(std::string_view text);
 std::string Str(std::int64_t value);
 
 /// `value` without its fraction; the nearest Int64 if it is out of range, 0 if it is no number.
-std::int64_t Truncate(double value);
+inline std::int64_t Truncate(double value) {
+  constexpr double kBound = 9223372036854775808.0;  // 2^63, the first value too large
+  if (value >= -kBound && value < kBound) return static_cast<std::int64_t>(value);
+  if (value < 0) return std::numeric_limits<std::int64_t>::min();
+  return value > 0 ? std::numeric_limits<std::int64_t>::max() : 0;
+}
 
 }  // namespace peakwright

@@ -41,18 +41,18 @@ void PrintListing(RunControls& controls, const SearchInput& input) {
       break;
     case SearchResult::kTooManyRows:
       controls.Print("There are more valid combinations for mass " + mass + " than the limit of " +
-                     Str(kRowLimit) + ".");
+                     Str(input.limits.rows) + ".");
       break;
     case SearchResult::kTooManyPasses:
       controls.Print("There are more combinations to try for mass " + mass + " than the limit of " +
-                     Str(kPassLimit) + ".");
+                     Str(input.limits.passes) + ".");
       break;
   }
 }
 
 }  // namespace
 
-void Module1::calculate(RunControls& controls) {
+void Module1::calculate(RunControls& controls, const SearchLimits& limits) {
   const Elements elements(controls.Table());
   std::int64_t remainingMass = Truncate(Val(controls.MassText()));
   controls.MassText(Str(remainingMass));
@@ -62,7 +62,7 @@ void Module1::calculate(RunControls& controls) {
     totals = TakeAdditionalAtoms(controls, elements, remainingMass);
   }
   if (remainingMass > 0) {
-    PrintListing(controls, {elements, totals, remainingMass, controls.NitrogenRule()});
+    PrintListing(controls, {elements, totals, remainingMass, controls.NitrogenRule(), limits});
   } else {
     controls.Print("Insufficient mass remaining for C, H, N, or O.");
   }

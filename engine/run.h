@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "engine/element_table.h"
+#include "engine/search.h"
 
 namespace peakwright {
 
@@ -38,7 +39,7 @@ namespace Module1 {
 /// One run: lists the formulas of the mass in the mass field, less the additional atoms, and puts
 /// the whole number that it used back into the field. Returns within a second for any input: where
 /// a limit of the search would be passed, a sentence that says so stands in the listing's place.
-void calculate(RunControls& controls);
+void calculate(RunControls& controls, const SearchLimits& limits = {});
 
 }  // namespace Module1
 }  // namespace peakwright
