@@ -1,5 +1,6 @@
 #include "engine/cell_writer.h"
 
+#include <cmath>
 #include <string>
 
 #include "engine/format.h"
@@ -24,8 +25,28 @@ constinit const FourDigitTable kBlankPadded = NumbersPaddedWith(' ');
 constinit const FourDigitTable kZeroPadded = NumbersPaddedWith('0');
 
 void WriteAnyCell(char* cell, const CellMask& mask, float value) {
-  const std::string text = Module1::align(mask.text, value);
-  std::memcpy(cell, text.data(), text.size());
+  if (!std::isfinite(value)) {
+    const std::string text = Module1::align(mask.text, value);
+    std::memcpy(cell, text.data(), text.size());
+    return;
+  }
+
+  // From 2^24 up a Single has no fraction, and of the rest the cell shows the last four digits.
+  constexpr float kNoFraction = 16777216;
+  float magnitude = std::abs(value);
+  if (magnitude >= kNoFraction) magnitude = 10000 + std::fmod(magnitude, 10000.0F);
+  const auto units = static_cast<std::int64_t>(double{magnitude} * mask.scale + 0.5);
+  const auto whole = static_cast<std::size_t>(units / mask.scale);
+  char* const point = cell + mask.places;
+  std::memcpy(point - 4, (whole < 10000 ? kBlankPadded : kZeroPadded)[whole % 10000].data(), 4);
+  const FourDigits& fraction = kZeroPadded[static_cast<std::size_t>(units % mask.scale)];
+  std::memcpy(point + 1, fraction.data() + 4 - mask.decimals, mask.decimals);
+  if (value < 0 && units > 0) {
+    char* sign = point;  // which goes into the last blank; a number without one has lost it
+    while (sign != cell && *--sign != ' ') {
+    }
+    if (*sign == ' ') *sign = '-';
+  }
 }
 
 }  // namespace peakwright

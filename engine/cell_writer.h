@@ -32,7 +32,7 @@ using FourDigitTable = std::array<FourDigits, 10000>;
 extern const FourDigitTable kBlankPadded;  ///< 0 to 9999, padded with blanks; 0 is all blank
 extern const FourDigitTable kZeroPadded;   ///< 0 to 9999, padded with zeros
 
-/// The way for any value, by way of Module1::align.
+/// The way for any value, which need not be common.
 void WriteAnyCell(char* cell, const CellMask& mask, float value);
 
 /// Writes `value` by `mask`.
