@@ -5,11 +5,17 @@
 
 #include <QFont>
 #include <QFontDatabase>
+#include <QFontInfo>
 #include <QWidget>
 
 #include "runtime/desktop_window.h"
 
 namespace peakwright {
+namespace {
+
+constexpr int kLargestSystemFont = 13;  // Pixels; the fixed layouts hold no larger text.
+
+}  // namespace
 
 DesktopUIControl::DesktopUIControl(DesktopWindow& window, std::unique_ptr<QWidget> widget,
                                    const ControlLayout& layout)
@@ -44,7 +50,8 @@ void DesktopUIControl::AccessibleName(const std::string& name) {
 
 QFont SystemFont(int size, bool bold) {
   QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
-  if (size > 0) font.setPixelSize(size);
+  if (size == 0) size = std::min(QFontInfo(font).pixelSize(), kLargestSystemFont);
+  font.setPixelSize(size);
   font.setBold(bold);
   return font;
 }

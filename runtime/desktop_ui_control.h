@@ -44,7 +44,7 @@ class DesktopUIControl {
   std::unique_ptr<QWidget> widget_;
 };
 
-/// The interface font at `size` pixels; size 0 leaves the system's size.
+/// The interface font at `size` pixels; size 0 stands for the system's size, as far as it fits.
 QFont SystemFont(int size, bool bold);
 
 }  // namespace peakwright

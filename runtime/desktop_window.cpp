@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMenuBar>
+#include <QScreen>
 
 #include "runtime/caption_text.h"
 #include "runtime/desktop_menu.h"
@@ -59,6 +60,12 @@ class DesktopWindow::NativeWindow : public QMainWindow {
       setFixedSize(whole);
     }
     layout()->activate();
+  }
+
+  /// Puts a floating window in the middle of its display. Its opening handler may move it.
+  void Center() {
+    if (type_ != WindowType::Floating) return;
+    move(screen()->availableGeometry().center() - rect().center());
   }
 
   void ApplyTabOrder() {
@@ -149,6 +156,7 @@ int DesktopWindow::Height() const { return Content()->height(); }
 
 void DesktopWindow::Open() {
   native_->FitContent();
+  native_->Center();
   native_->ApplyTabOrder();
   DesktopApplication::Current().Raise([this] { Event_Opening(); });
   if (visibleAtOpening_) Show();
