@@ -1,0 +1,120 @@
+#include "update/update_window.h"
+
+#include <chrono>
+#include <utility>
+
+#include "engine/global_strings.h"
+#include "runtime/color.h"
+#include "runtime/network.h"
+#include "update/update_window_layout.h"
+
+namespace peakwright {
+namespace {
+
+using namespace std::chrono_literals;
+using namespace update_window_layout;
+
+constexpr auto kCheckTimeout = 30s;     // In all.
+constexpr auto kDownloadTimeout = 60s;  // Without any byte.
+constexpr int kStepRight = 10;          // From the anchor's left edge, pixels.
+
+std::function<int()> anchorLeft;
+
+}  // namespace
+
+WindowDownload::WindowDownload()
+    : DesktopWindow(kWindow),
+      ProgressBar1(*this, kProgress),
+      StaticText2(*this, kDownloading),
+      StaticText1(*this, kResult),
+      PushButton1(*this, kClose),
+      PushButton2(*this, kDownload),
+      StaticText3(*this, kName),
+      EditField1(*this, kLocation),
+      Label1(*this, kCredit) {
+  EditField1.AccessibleName("Download location");
+  ProgressBar1.AccessibleName("Download");
+  Checker.AllowCertificateValidation(false);
+  FileDownloader.AllowCertificateValidation(false);
+
+  PushButton1.Pressed = [this] { PushButton1_Pressed(); };
+  PushButton2.Pressed = [this] { PushButton2_Pressed(); };
+  FileDownloader.ReceivingProgressed = [this](URLConnection&, std::int64_t received,
+                                              std::int64_t total, std::string_view) {
+    FileDownloader_ReceivingProgressed(received, total);
+  };
+  FileDownloader.FileReceived = [this](URLConnection&, const std::string&, int,
+                                       const FolderItem& file) {
+    FileDownloader_FileReceived(file);
+  };
+  FileDownloader.Error = [this](URLConnection&, const NetworkException&) {
+    FileDownloader_Error();
+  };
+}
+
+WindowDownload& WindowDownload::Instance() {
+  return DesktopApplication::Current().Implicit<WindowDownload>();
+}
+
+void WindowDownload::Event_Opening() {
+  EditField1.Text(Module1::websource);
+  if (anchorLeft) Left(anchorLeft() + kStepRight);
+  const VersionResult result = CheckVersion();
+  if (result.offersDownload) {
+    PushButton1.Caption("Later");
+    PushButton2.Visible(true);
+    offer_ = result.text;
+  }
+  StaticText1.Text(result.text);
+}
+
+VersionResult WindowDownload::CheckVersion() {
+  bool isConnected = Network::IsConnected();
+  std::string reply;
+  if (isConnected) {
+    try {
+      reply = Checker.SendSync("GET", Module1::websource + "peakwright_version.txt", kCheckTimeout,
+                               kLongestVersionFile + 1);
+    } catch (const NetworkException&) {
+      isConnected = false;
+    }
+  }
+  return EvaluateVersionReply(isConnected, reply, Module1::version, Module1::CR,
+                              &Color::IsDarkMode);
+}
+
+void WindowDownload::PushButton1_Pressed() { Close(); }
+
+void WindowDownload::PushButton2_Pressed() {
+  StaticText1.Text(offer_);  // In the place of what an earlier attempt may have left.
+  ShowDownload(true);
+  const std::string archive = Module1::appname + ".zip";
+  FileDownloader.Send("GET", Module1::websource + archive, SpecialFolder::Desktop().Child(archive),
+                      kDownloadTimeout);
+}
+
+void WindowDownload::FileDownloader_ReceivingProgressed(std::int64_t received, std::int64_t total) {
+  ProgressBar1.Value(static_cast<double>(received));
+  ProgressBar1.MaximumValue(total);
+}
+
+void WindowDownload::FileDownloader_FileReceived(const FolderItem& file) {
+  file.Open(true);
+  Close();
+}
+
+void WindowDownload::FileDownloader_Error() {
+  ShowDownload(false);
+  ProgressBar1.Value(0);
+  ProgressBar1.MaximumValue(kProgressMaximum);
+  StaticText1.Text(NoConnectionText(Module1::CR));
+}
+
+void WindowDownload::ShowDownload(bool visible) {
+  ProgressBar1.Visible(visible);
+  StaticText2.Visible(visible);
+}
+
+void AnchorUpdateWindow(std::function<int()> left) { anchorLeft = std::move(left); }
+
+}  // namespace peakwright

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "runtime/desktop_button.h"
+#include "runtime/desktop_label.h"
+#include "runtime/desktop_progress_bar.h"
+#include "runtime/desktop_text_field.h"
+#include "runtime/desktop_window.h"
+#include "runtime/url_connection.h"
+#include "update/version_reply.h"
+
+namespace peakwright {
+
+/// The window behind "Check for updates...". It checks once, as it opens, shows the result, and
+/// fetches a newer version to the desktop if the user wants it.
+class WindowDownload : public DesktopWindow {
+ public:
+  WindowDownload();
+
+  /// The open window, or a new one, whose check has then been made.
+  static WindowDownload& Instance();
+
+  DesktopProgressBar ProgressBar1;
+  DesktopLabel StaticText2;
+  DesktopLabel StaticText1;
+  DesktopButton PushButton1;
+  DesktopButton PushButton2;
+  DesktopLabel StaticText3;
+  DesktopTextField EditField1;
+  DesktopLabel Label1;
+
+  URLConnection Checker;         ///< For the version file.
+  URLConnection FileDownloader;  ///< For the archive.
+
+ protected:
+  void Event_Opening() override;
+
+ private:
+  void PushButton1_Pressed();
+  void PushButton2_Pressed();
+  void FileDownloader_ReceivingProgressed(std::int64_t received, std::int64_t total);
+  void FileDownloader_FileReceived(const FolderItem& file);
+  void FileDownloader_Error();
+
+  VersionResult CheckVersion();
+  void ShowDownload(bool visible);
+
+  std::string offer_;  // What StaticText1 shows while the download is offered.
+};
+
+/// Gives the left edge, in pixels, of the window beside which the update window opens.
+void AnchorUpdateWindow(std::function<int()> left);
+
+}  // namespace peakwright
