@@ -1,0 +1,267 @@
+#include <map>
+
+#include <QProgressBar>
+#include <QtNetwork>
+#include <QtTest>
+#include <gtest/gtest.h>
+
+#include "engine/global_strings.h"
+#include "runtime/appearance.h"
+#include "runtime/network.h"
+#include "update/update_window.h"
+
+namespace peakwright {
+namespace {
+
+using namespace std::chrono_literals;
+
+enum Then { Close, Stay, Trickle };  // Trickle: the last 20 bytes go one by one, 40 ms apart.
+
+/// A reply with this body, which announces `length` bytes.
+QByteArray Http(const QByteArray& body, qsizetype length = -1,
+                const QByteArray& status = "200 OK") {
+  const QByteArray announced = QByteArray::number(length < 0 ? body.size() : length);
+  return "HTTP/1.1 " + status + "\r\nContent-Length: " + announced + "\r\n\r\n" + body;
+}
+
+QByteArray Redirect(const QByteArray& location) {
+  return Http("<moved>", 7, "302 Found\r\nSet-Cookie: id=1\r\nLocation: " + location);
+}
+
+/// An HTTPS server on loopback, in the thread of the test, whose certificate no one has signed.
+class TlsServer : public QSslServer {
+ public:
+  TlsServer() {
+    const QTemporaryDir made;
+    QFile pem(made.filePath("pem"));
+    QProcess::execute(OPENSSL_COMMAND,
+                      {"req", "-x509", "-newkey", "ec", "-pkeyopt", "ec_paramgen_curve:prime256v1",
+                       "-nodes", "-batch", "-keyout", pem.fileName(), "-out", pem.fileName()});
+    pem.open(QIODevice::ReadOnly);
+    QSslConfiguration tls = QSslConfiguration::defaultConfiguration();
+    tls.setPrivateKey(QSslKey(&pem, QSsl::Ec));
+    tls.setLocalCertificateChain(QSslCertificate::fromPath(pem.fileName()));
+    setSslConfiguration(tls);
+    listen(QHostAddress::LocalHost);
+    connect(this, &QTcpServer::pendingConnectionAvailable, [this] {
+      QTcpSocket& client = *nextPendingConnection();
+      connect(&client, &QTcpSocket::readyRead, [this, &client] { Serve(client); });
+      connect(&client, &QTcpSocket::disconnected, this, [this] { ++ended; });
+    });
+  }
+
+  std::map<QByteArray, std::pair<QByteArray, Then>> replies;  // By path.
+  QByteArrayList heads;                                       // Of the requests, in order.
+  int ended = 0;                                              // Connections that are closed.
+
+ private:
+  void Serve(QTcpSocket& client) {
+    heads.push_back(client.readAll());
+    const auto& [bytes, then] = replies[heads.back().split(' ').value(1)];
+    client.write(then == Trickle ? bytes.chopped(20) : bytes);
+    if (then == Close) client.disconnectFromHost();
+    for (int n = 1; then == Trickle && n <= 20; ++n) {
+      QTimer::singleShot(40 * n, &client,
+                         [&client, byte = bytes.last(21 - n).first(1)] { client.write(byte); });
+    }
+  }
+};
+
+class Update : public testing::Test {
+ protected:
+  Update() {
+    QNetworkProxyFactory::setUseSystemConfiguration(false);
+    qputenv("HOME", home_.path().toUtf8());
+    qputenv("XDG_CONFIG_HOME", home_.path().toUtf8());
+    Module1::CR = '\n';
+    Module1::version = "1.70 December 28, 2021";
+    Module1::appname = "Peakwright.app";
+    Module1::websource = "https://127.0.0.1:" + std::to_string(server_.serverPort()) + "/";
+    Network::AnswerWith([] { return true; });
+    FolderItem::OpenWith([this](const FolderItem& file, bool) { opened_ += file.NativePath(); });
+    AnchorUpdateWindow([] { return 90; });
+    server_.replies["/peakwright_version.txt"] = {Http("1.71"), Close};
+  }
+
+  std::string Fetch(const std::string& url) {
+    try {
+      return connection_.SendSync("GET", url, 500ms, 1000);
+    } catch (const NetworkException&) {
+      return "fails";
+    }
+  }
+
+  /// Downloads over a file that says "fails", and gives what it says afterwards.
+  std::string Download(const std::string& url) {
+    const QTemporaryDir folder;
+    QFile file(folder.filePath("archive.zip"));
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write("fails"));
+    file.close();
+    std::int64_t size = 0;
+    bool over = false;
+    connection_.ReceivingProgressed = [&](auto&, auto received, auto, auto more) {
+      size += static_cast<std::int64_t>(more.size());
+      EXPECT_EQ(received, size);
+      EXPECT_EQ(file.size(), 5) << "touched before its time";
+    };
+    connection_.Error = [&](auto&, auto&) { over = true; };
+    connection_.FileReceived = [&](auto&, auto&, int, auto&) { over = true; };
+    connection_.Send("GET", url, FolderItem(file.fileName().toStdString()), 500ms);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return over; }));
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    return file.readAll().toStdString();
+  }
+
+  /// Presses "Download" with this reply to come.
+  void PressDownload(const QByteArray& archive, Then then) {
+    server_.replies["/Peakwright.app.zip"] = {archive, then};
+    Window().PushButton2.Press();
+    EXPECT_TRUE(Window().ProgressBar1.Visible() && Window().StaticText2.Visible());
+  }
+
+  static WindowDownload& Window() { return WindowDownload::Instance(); }
+  QStringList Desktop() { return QDir(home_.filePath("Desktop")).entryList(QDir::Files); }
+
+  QTemporaryDir home_;
+  int argc_ = 0;
+  DesktopApplication application_{argc_, nullptr};
+  TlsServer server_;
+  URLConnection connection_;
+  std::string opened_;
+};
+
+TEST_F(Update, TransfersAWholeBodyOrFails) {
+  const QByteArray chunks = "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n4\r\nbody\r\n";
+  const QByteArray host = "127.0.0.1:" + QByteArray::number(server_.serverPort());
+  const std::string large(3 << 20, 'x'), slow = "20 bytes, one by one";
+  QTcpServer bare;  // Speaks without TLS.
+  bare.listen(QHostAddress::LocalHost);
+  const struct {
+    QByteArray path, reply;
+    std::string body, file = body;  // As Fetch gives one and Download the other.
+    Then then = Close;
+  } kCases[] = {
+      {"/body", Http("body"), "body"},
+      {"/no-length", "HTTP/1.1 200 OK\r\n\r\nbody", "body"},
+      {"/chunks", chunks + "0\r\n\r\n", "body", "body", Stay},
+      {"/404", Http("none", 4, "404 Not Found"), "none"},
+      {"/500", Http("", 0, "500 Internal Server Error"), ""},
+      {"/large", Http(large.c_str()), large.substr(0, 1000), large, Stay},
+      {"/5", Redirect("/4"), "body"},
+      {"/6", Redirect("/5"), "fails"},
+      {"/loop", Redirect("/loop"), "fails"},
+      {"/less-safe", Redirect("http://" + host + "/body"), "fails"},
+      {"/cut", Http("body", 5000000000), "fails"},
+      {"/cut-chunks", chunks, "fails"},
+      {"/cut-at-once", "", "fails"},
+      {"/stall", Http("body", 40), "fails", "fails", Stay},
+      {"/slow", Http(slow.c_str()), "fails", slow, Trickle},
+      {"//127.0.0.1:" + QByteArray::number(bare.serverPort()), "", "fails"},
+      {"//127.0.0.1:1", "", "fails"},
+  };
+  for (const auto& each : kCases) server_.replies[each.path] = {each.reply, each.then};
+  for (const char* hop : {"1/body", "2/1", "3/2", "4/3"}) {
+    server_.replies[QByteArray("/") + hop[0]] = {Redirect(hop + 1), Close};
+  }
+  EXPECT_EQ(Fetch(Module1::websource + "body"), "fails") << "not signed";
+  connection_.AllowCertificateValidation(false);
+  QObject::connect(&bare, &QTcpServer::newConnection,
+                   [&] { bare.nextPendingConnection()->write(Http("body")); });
+  for (const auto& each : kCases) {
+    const QUrl url = QUrl(Module1::websource.c_str()).resolved(QUrl(each.path));
+    EXPECT_EQ(Fetch(url.toString().toStdString()), each.body) << each.path.data();
+    EXPECT_TRUE(Download(url.toString().toStdString()) == each.file) << each.path.data();
+  }
+  EXPECT_EQ(Fetch(Module1::websource + "5"), "body");
+  EXPECT_EQ(server_.heads.back(),
+            "GET /body HTTP/1.1\r\nHost: " + host +
+                "\r\nUser-Agent: Peakwright\r\nAccept-Language: *\r\n"
+                "Accept-Encoding: identity\r\nConnection: Keep-Alive\r\n\r\n");
+}
+
+TEST_F(Update, ShowsTheResultOfTheCheck) {
+  const std::string failure =
+      "Web connection was unsuccessful.\nPlease check network or use a browser to access link.";
+  const std::string problem =
+      "There is a problem with the update link.\nPlease use a browser to access link.";
+  const std::string running = "You are running version 1.70 December 28, 2021";
+  const std::string current = running + ".\n\nThis 64 bit version of Peakwright is up to date.";
+  const std::string question = ".\n" + running + ".\n\nDownload latest version to desktop?";
+  const QByteArray longest(kLongestVersionFile, '2');
+  const struct {
+    QByteArray reply;
+    std::string text;
+    bool connected = true, dark = false;
+  } kCases[] = {
+      {Http("1.71"), failure, false},
+      {"", failure, true, true},
+      {Http("<html>"), problem},
+      {Http("2.0 <"), problem, true, true},
+      {Http(longest + "2"), problem},
+      {Http(longest), "The newest version is " + longest.toStdString() + question},
+      {Http("1.71 April 1, 1999"), "The newest version is 1.71 April 1, 1999" + question},
+      {Http("1.9"), "The newest version is 1.9" + question, true, true},
+      {Http("1.70 December 28, 2021\n"),
+       "The newest version is 1.70 December 28, 2021\n" + question},
+      {Http("1.70 december 1"), "The newest version is 1.70 december 1" + question},
+      {Http("No \xC3\xA9", 5, "404 Not Found"), "The newest version is No \xC3\xA9" + question},
+      {Http(""), running + "\nwhich is newer than online .", true, true},
+      {Http("1.70"), running + "\nwhich is newer than online 1.70."},
+      {Http("1.70 April 3, 2022"), running + "\nwhich is newer than online 1.70 April 3, 2022."},
+      {Http("1.70 December 28, 2021"), current},
+      {Http("1.70 December 28, 2021"), current + "\nCurrently running in dark mode.", true, true},
+  };
+  for (const auto& each : kCases) {
+    server_.replies["/peakwright_version.txt"] = {each.reply, Close};
+    server_.heads.clear();
+    Network::AnswerWith([&each] { return each.connected; });
+    ShowAppearance(each.dark);
+    const bool offers = each.text.starts_with("The newest");
+    EXPECT_EQ(Window().StaticText1.Text(), each.text);
+    EXPECT_EQ(Window().PushButton2.Visible(), offers);
+    EXPECT_EQ(Window().PushButton1.Caption(), offers ? "Later" : "Close");
+    EXPECT_EQ(Window().EditField1.Text(), Module1::websource);
+    EXPECT_EQ(Window().Left(), 100);
+    EXPECT_EQ(server_.heads.isEmpty(), !each.connected);
+    Window().PushButton1.Press();
+  }
+  ShowAppearance(false);
+}
+
+TEST_F(Update, DownloadsAgainAfterAFailureThenOpensAndCloses) {
+  const std::string offer = Window().StaticText1.Text();
+  PressDownload(Http("arch", 7), Close);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !Window().ProgressBar1.Visible(); }));
+  EXPECT_TRUE(Window().StaticText1.Text().starts_with("Web connection was unsuccessful."));
+  EXPECT_TRUE(Desktop().isEmpty());
+  server_.replies["/Peakwright.app.zip"] = {Http("archive of 20 bytes "), Trickle};
+  QTest::keyClick(Window().Native(), Qt::Key_Return);
+  EXPECT_EQ(Window().StaticText1.Text(), offer);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return Window().ProgressBar1.Value() > 0; }));
+  Window().PushButton2.Press();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !opened_.empty(); }));
+  EXPECT_EQ(opened_, home_.filePath("Desktop/Peakwright.app.zip").toStdString());
+  EXPECT_EQ(Desktop(), QStringList("Peakwright.app.zip"));
+  EXPECT_EQ(server_.heads.size(), 3) << "one check, two downloads";
+  EXPECT_FALSE(Window().ProgressBar1.Visible()) << "not a new window";
+}
+
+TEST_F(Update, ShowsProgressAndEndsItWhenClosed) {
+  const QByteArray data(2000000, 'x');
+  for (const std::int64_t total : {0LL, 4000000000LL}) {
+    PressDownload(total > 0 ? Http(data, total) : "HTTP/1.1 200 OK\r\n\r\n" + data, Stay);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Window().ProgressBar1.Value() == 2000000; }));
+    EXPECT_EQ(Window().ProgressBar1.MaximumValue(), total);
+    const auto& bar = static_cast<const QProgressBar&>(*Window().ProgressBar1.Native());
+    EXPECT_EQ(bar.maximum(), total > 0 ? bar.value() * 2000 : 0) << "0 is busy";
+    server_.ended = 0;
+    Window().Native()->close();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return server_.ended > 0; }));
+    EXPECT_TRUE(Desktop().isEmpty() && opened_.empty());
+  }
+  PressDownload(Http(data, 4000000000), Stay);  // The program ends during this one.
+}
+
+}  // namespace
+}  // namespace peakwright
