@@ -64,4 +64,8 @@ void DesktopTextArea::FontSize(int pixels) {
   View(*this).setFont(font);
 }
 
+StyledTextPrinter DesktopTextArea::StyledTextPrinter(Graphics& graphics, int width) const {
+  return {graphics, Text(), View(*this).font(), width};
+}
+
 }  // namespace peakwright

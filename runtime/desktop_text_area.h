@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "runtime/desktop_ui_control.h"
+#include "runtime/styled_text_printer.h"
 
 namespace peakwright {
 
@@ -31,6 +32,9 @@ class DesktopTextArea : public DesktopUIControl {
   /// A face that the system lacks is replaced by one that is monospaced.
   void FontName(std::string_view name);
   void FontSize(int pixels);
+
+  /// Flows the text as it stands, in the area's font, into blocks of `width` on `graphics`.
+  peakwright::StyledTextPrinter StyledTextPrinter(Graphics& graphics, int width) const;
 };
 
 }  // namespace peakwright

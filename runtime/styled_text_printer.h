@@ -1,0 +1,35 @@
+#pragma once
+
+#include <memory>
+#include <string_view>
+
+class QFont;
+
+namespace peakwright {
+
+class Graphics;
+
+/// Flows a text into blocks, top to bottom. Lines end at Chr(13), at Chr(10), and between words at
+/// the width of the block; none is cut through. White space at the end of the text is left out, so
+/// that it takes no page of its own.
+class StyledTextPrinter {
+ public:
+  /// Draws `text` in the face of `font`, a pixel of which counts as 1/72 inch, into blocks of
+  /// `width`, likewise in 1/72 inch. `graphics` must outlive this object.
+  StyledTextPrinter(Graphics& graphics, std::string_view text, const QFont& font, int width);
+  StyledTextPrinter(const StyledTextPrinter&) = delete;
+  StyledTextPrinter& operator=(const StyledTextPrinter&) = delete;
+  ~StyledTextPrinter();
+
+  /// Draws as many of the remaining lines as fit into `height`, but one at least, and moves on.
+  void DrawBlock(int x, int y, int height);
+  /// Whether no text is left. (The name in capitals is a macro of the C library.)
+  bool Eof() const;
+
+ private:
+  class Flow;
+  Graphics& graphics_;
+  std::unique_ptr<Flow> flow_;
+};
+
+}  // namespace peakwright
