@@ -29,8 +29,10 @@ class DesktopListBox::Model : public QAbstractTableModel {
 
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
     if (role == Qt::TextAlignmentRole) return QVariant::fromValue(Qt::AlignLeft | Qt::AlignVCenter);
-    if (role != Qt::DisplayRole || orientation != Qt::Horizontal) return {};
-    return ToQString(cells_.HeaderAt(section));
+    if (role != Qt::DisplayRole) return {};
+    // The hidden heading of a row, which assistive tools read, is its first cell.
+    return ToQString(orientation == Qt::Horizontal ? cells_.HeaderAt(section)
+                                                   : cells_.CellTextAt(section, 0));
   }
 
   void Changed(int row, int column) {

@@ -117,13 +117,18 @@ void DesktopMenuItem::StandardCommand(std::function<bool()> canAct, std::functio
 }
 
 QMenu& DesktopMenuItem::NativeMenu() {
-  if (!menu_) menu_ = std::make_unique<QMenu>(action_->text());
+  if (!menu_) {
+    menu_ = std::make_unique<QMenu>(action_->text());
+    menu_->setAccessibleName(action_->text());
+  }
   return *menu_;
 }
 
 DesktopQuitMenuItem::DesktopQuitMenuItem() { Native()->setMenuRole(QAction::QuitRole); }
 
-DesktopMenuBar::DesktopMenuBar() : bar_(std::make_unique<QMenuBar>()) {}
+DesktopMenuBar::DesktopMenuBar() : bar_(std::make_unique<QMenuBar>()) {
+  bar_->setAccessibleName(QMenuBar::tr("Menu bar"));
+}
 DesktopMenuBar::~DesktopMenuBar() = default;
 
 void DesktopMenuBar::AddMenu(std::unique_ptr<DesktopMenuItem> title) {

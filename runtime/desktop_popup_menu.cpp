@@ -1,5 +1,6 @@
 #include "runtime/desktop_popup_menu.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QWheelEvent>
@@ -38,6 +39,7 @@ DesktopPopupMenu::DesktopPopupMenu(DesktopWindow& window, const ControlLayout& l
   AddRow(layout.Text);
   SelectedRowIndex(0);
   AccessibleName(std::string(layout.Text));
+  Box(*this).view()->setAccessibleName(Box(*this).accessibleName());
   QObject::connect(&Box(*this), &QComboBox::activated,
                    [this] { DesktopApplication::Current().Raise(SelectionChanged); });
 }

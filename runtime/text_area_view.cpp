@@ -16,6 +16,7 @@
 #include <QTextLayout>
 #include <QTimer>
 
+#include "runtime/accessible_text_area.h"
 #include "runtime/caption_text.h"
 
 namespace peakwright {
@@ -155,6 +156,8 @@ class TextAreaView::LineCountingLayout : public QPlainTextDocumentLayout {
 };
 
 TextAreaView::TextAreaView() {
+  InstallAccessibleTextArea();
+  verticalScrollBar()->setAccessibleName(tr("Vertical scroll bar"));
   setTabChangesFocus(true);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -208,9 +211,18 @@ void TextAreaView::InsertText(std::string_view text) {
 
 int TextAreaView::LineNumber(int position) const {
   const QTextBlock block = document()->findBlock(position);
-  Layout().blockBoundingRect(block);  // Lays the block out.
-  const QTextLine line = block.layout()->lineForTextPosition(position - block.position());
+  const QTextLine line = LaidOutLine(block, position);
   return block.firstLineNumber() + (line.isValid() ? line.lineNumber() : 0);
+}
+
+std::pair<int, int> TextAreaView::LineAround(int position) const {
+  const QTextBlock block = document()->findBlock(position);
+  const QTextLine line = LaidOutLine(block, position);
+  const int start = line.isValid() ? line.textStart() : 0;
+  const int next = line.isValid() ? line.lineNumber() + 1 : 1;
+  const int end = next < block.layout()->lineCount() ? block.layout()->lineAt(next).textStart()
+                                                     : block.length();
+  return {block.position() + start, std::min(block.position() + end, TextLength())};
 }
 
 void TextAreaView::Undo() {
@@ -307,6 +319,11 @@ void TextAreaView::Show(std::unique_ptr<QTextDocument> made) {
 }
 
 void TextAreaView::Recount() { Layout().CountAll(viewport()->width()); }
+
+QTextLine TextAreaView::LaidOutLine(const QTextBlock& block, int position) const {
+  Layout().blockBoundingRect(block);  // Lays the block out.
+  return block.layout()->lineForTextPosition(position - block.position());
+}
 
 TextAreaView::LineCountingLayout& TextAreaView::Layout() const {
   return static_cast<LineCountingLayout&>(*document()->documentLayout());

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include <QPlainTextEdit>
 
@@ -28,6 +29,8 @@ class TextAreaView : public QPlainTextEdit {
   int TextLength() const { return document()->characterCount() - 1; }
   /// The displayed line, from 0, that holds a position, in UTF-16 units from 0.
   int LineNumber(int position) const;
+  /// Where that line starts and the next one does, or where the text ends.
+  std::pair<int, int> LineAround(int position) const;
 
   bool CanUndo() const { return document()->isUndoAvailable() || earlier_ != nullptr; }
   bool CanRedo() const { return document()->isRedoAvailable() || later_ != nullptr; }
@@ -49,6 +52,7 @@ class TextAreaView : public QPlainTextEdit {
   void Show(std::unique_ptr<QTextDocument> document);
   void Recount();
   LineCountingLayout& Layout() const;
+  QTextLine LaidOutLine(const QTextBlock& block, int position) const;
 
   bool joinsNext_ = false;  // The next insertion belongs to the same event.
   std::unique_ptr<QTextDocument> shown_;
