@@ -2,7 +2,7 @@
 # Sourced by ./run, ./test and .ci/run: installs what a build lacks, then builds.
 
 build_packages=(g++ cmake ninja-build qt6-base-dev libgtest-dev libbenchmark-dev fonts-dejavu-core)
-test_packages=(xvfb openssl poppler-utils)
+test_packages=(xvfb openssl poppler-utils at-spi2-core dbus-daemon openbox python3-pyatspi xdotool)
 
 as_root() {
   if ((EUID == 0)); then "$@"; else sudo "$@"; fi

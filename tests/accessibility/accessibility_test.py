@@ -1,0 +1,219 @@
+#!/usr/bin/python3
+"""Reads the program through the accessibility bus and works it by the keyboard alone.
+
+usage: accessibility_test.py PROGRAM [unittest argument...]
+"""
+
+import sys
+import unittest
+
+import private_desktop
+from private_desktop import wait_for, wait_until
+
+SKIPPED = 77
+
+if __name__ == "__main__":
+    missing = private_desktop.missing_packages()
+    if missing:
+        print("Skipped: the machine lacks the packages", " ".join(missing))
+        sys.exit(SKIPPED)
+    HOME = private_desktop.bring_up()
+
+from program import (Program, STATE_CHECKED, STATE_SELECTED, STATE_VISIBLE,  # noqa: E402
+                     find, has, line_at, text_of, walk)
+import pyatspi  # noqa: E402
+
+# Boxes that only hold controls together; assistive tools pass over them.
+STRUCTURE = ("filler", "panel")
+# Not on screen until their menu opens, but there to be read.
+IN_MENUS = ("popup menu", "menu item", "separator", "list", "list item")
+
+LISTING_58 = """\
+    MASS    58  C  H  N  O    M+1    M+2  RDB
+   ----------- -- -- -- --   ----   ----  ---
+   1)  58.0279     2  4      1.50    .01  2.0
+   2)  58.0041        3  1   1.13    .00  2.5
+   3)  58.0405  1  4  3      2.28    .02  1.5
+   4)  58.0167  1  2  2  1   1.92    .01  2.0
+   5)  57.9929  1     1  2   1.56    .01  2.5
+   6)  58.0531  2  6  2      3.07    .03  1.0
+   7)  58.0293  2  4  1  1   2.71    .02  1.5
+   8)  58.0055  2  2     2   2.35    .01  2.0
+   9)  58.0657  3  8  1      3.85    .05   .5
+  10)  58.0419  3  6     1   3.49    .04  1.0
+  11)  58.0783  4 10         4.64    .08   .0
+
+
+"""
+
+
+def label_beside(window, field):
+    """The text of the label that stands left of a field."""
+    place = field.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+    middle = place.y + place.height / 2
+    beside = []
+    for label in walk(window, ("table", "menu bar")):
+        if label.getRoleName() == "label":
+            box = label.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+            if box.x < place.x and box.y < middle < box.y + box.height:
+                beside.append((box.x, label.name))
+    return max(beside)[1]
+
+
+class Assistive(unittest.TestCase):
+    BINARY = None
+
+    def setUp(self):
+        self.program = Program(self.BINARY)
+        self.addCleanup(self.program.kill)
+
+    def open_counts(self):
+        self.program.choose("check box", "Additional elements")
+        return self.program.window("Additional Elements")
+
+    def open_editor(self, row_name):
+        self.program.choose("combo box", "Edit isotopes")
+        self.program.press(*row_name, "Return")
+        return self.program.window("Edit Selected Element")
+
+    def check_names(self, window, fields):
+        for node in walk(window):
+            role = node.getRoleName()
+            self.assertNotIn(role, ("", "invalid", "unknown"), node)
+            offered = has(node, STATE_VISIBLE) or role in IN_MENUS
+            if offered and role not in STRUCTURE:
+                self.assertTrue(node.name.strip(), f"a nameless {role} in {window.name!r}")
+        for name in fields:
+            field = find(window, "text", name)
+            self.assertIsNotNone(field, name)
+            self.assertEqual(label_beside(window, field), name)
+
+    def test_every_control_has_its_name(self):
+        program = self.program
+        self.check_names(program.main, ["Mass:"])
+        for role, names in {"push button": ("Run", "Clear", "More info"), "text": ("Results",),
+                            "check box": ("Apply nitrogen rule", "Additional elements")}.items():
+            for name in names:
+                self.assertIsNotNone(find(program.main, role, name), name)
+        counts = self.open_counts()
+        self.check_names(counts, ["F", "Cl", "Br", "I", "Si", "P", "S", "X", "Xx"])
+        editor = self.open_editor("Xx")
+        self.check_names(editor, ["Name", "Unit mass", "Exact mass", "Valence", "%(M+1)/M",
+                                  "%(M+2)/M"])
+        program.fill("Name", "Na")
+        program.choose("push button", "Change")
+        program.window("Additional Elements")
+        self.check_names(counts, ["F", "Cl", "Br", "I", "Si", "P", "S", "X", "Na"])
+        program.choose("push button", "Show isotopes")
+        self.check_names(program.window("Isotopes"), [])
+
+    def test_marks_and_boxes_tell_their_state(self):
+        program = self.program
+        items = {name: find(program.main, "menu item", name) for name in
+                 ("Apply nitrogen rule", "Additional elements", "Show isotope data")}
+
+        def marked():
+            return {name for name, item in items.items() if has(item, STATE_CHECKED)}
+        self.assertEqual(marked(), set())
+        nitrogen = find(program.main, "check box", "Apply nitrogen rule")
+        for on in (True, False):
+            program.choose("check box", "Apply nitrogen rule")
+            wait_for(on, lambda: has(nitrogen, STATE_CHECKED))
+            self.assertEqual(marked(), {"Apply nitrogen rule"} if on else set())
+        program.press("Alt_L", "Down", *["Down"] * 5)
+        wait_until(lambda: has(items["Show isotope data"], STATE_VISIBLE), "the menu is open")
+        program.press("Return")
+        program.window("Isotopes")
+        self.assertEqual(marked(), {"Show isotope data"})
+        program.choose("push button", "Close")
+        program.window("Peakwright")
+        self.assertEqual(marked(), set())
+        self.open_counts()
+        self.assertEqual(marked(), {"Additional elements"})
+        self.assertTrue(has(find(program.main, "check box", "Additional elements"), STATE_CHECKED))
+
+    def test_table_gives_its_cells(self):
+        program = self.program
+        self.open_counts()
+        program.choose("push button", "Show isotopes")
+        isotopes = program.window("Isotopes")
+        table = find(isotopes, "table", "Isotopes").queryTable()
+        self.assertEqual((table.nRows, table.nColumns), (13, 6))
+        headings = [table.getColumnHeader(column).name for column in range(6)]
+        program.tab_to("table", "Isotopes")
+        program.press("ctrl+Home", *["Down"] * 5)
+        wait_until(lambda: has(table.getAccessibleAt(5, 0), STATE_SELECTED), "row 5 is selected")
+        cells = [table.getAccessibleAt(5, column).name for column in range(6)]
+        self.assertEqual(cells, ["Cl", "35", "34.96885", "1", "0", "32.40"])
+        self.assertEqual(table.getRowHeader(5).name, "Cl")
+        program.press("Return")
+        editor = program.window("Edit Selected Element")
+        self.assertEqual([text_of(find(editor, "text", name)) for name in headings], cells)
+
+    def test_results_are_read_line_by_line(self):
+        program = self.program
+        program.press("Escape")
+        program.fill("Mass:", "58")
+        program.press("Return")
+        text = program.results.queryText()
+        wait_for(LISTING_58, lambda: text_of(program.results))
+        program.tab_to("text", "Results")
+        program.press("ctrl+Home")
+        for line in LISTING_58.splitlines(keepends=True):
+            wait_for(line, lambda: line_at(text, text.caretOffset)[0])
+            program.press("Down")
+        program.press("ctrl+Home", "Down", "Down", "shift+Down", "shift+Down")
+        rows = "".join(LISTING_58.splitlines(keepends=True)[2:4])
+        wait_until(lambda: text.getNSelections() == 1 and
+                   text.getText(*text.getSelection(0)) == rows, "two rows are selected")
+
+        program.press("Escape")
+        program.choose("push button", "More info")
+        wait_until(lambda: text_of(program.results).endswith("each formula.\n\n"),
+                   "the explanation is there")
+        program.tab_to("text", "Results")
+        program.press("ctrl+Home")
+        offset = 0
+        while offset < text.characterCount:
+            wait_for(offset, lambda: text.caretOffset)
+            line, start, end = line_at(text, offset)
+            self.assertEqual((line, start), (text.getText(offset, end), offset))
+            self.assertGreater(end, offset)
+            offset = end
+            program.press("Down")
+
+    def test_session_by_keyboard(self):
+        program = self.program
+        program.type("138")
+        program.press("Escape")
+        counts = self.open_counts()
+        program.fill("Cl", "1")
+        program.fill("S", "2")
+        self.open_editor("X")
+        for name, cell in {"Name": "Na", "Unit mass": "23", "Exact mass": "22.98977",
+                           "Valence": "1", "%(M+1)/M": "0", "%(M+2)/M": "0"}.items():
+            program.fill(name, cell)
+        program.choose("push button", "Change")
+        program.window("Additional Elements")
+        program.fill("Na", "1")
+        program.choose("push button", "Run")
+        program.window("Peakwright")
+        expected = ("1 Cl\n2 S\n1 Na\n"
+                    "    MASS    16  C  H  N  O    M+1    M+2  RDB\n"
+                    "   ----------- -- -- -- --   ----   ----  ---\n"
+                    "   1) 137.8977           1   1.64  41.29   .0\n\n\n")
+        wait_for(expected, lambda: text_of(program.results))
+
+        program.tab_to("text", "Results")
+        program.press("ctrl+a", "ctrl+c", "Escape")
+        wait_for("", lambda: text_of(program.results))
+        program.press("ctrl+v")
+        wait_for(expected, lambda: text_of(program.results))
+
+        program.press("ctrl+q")
+        self.assertEqual(program.process.wait(timeout=10), 0)
+
+
+if __name__ == "__main__":
+    Assistive.BINARY = sys.argv.pop(1)
+    unittest.main(verbosity=2)

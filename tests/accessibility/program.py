@@ -1,0 +1,122 @@
+"""The program as assistive tools see it, and a user who has nothing but a keyboard."""
+
+import subprocess
+
+import pyatspi
+from gi.repository import Atspi, GLib
+
+from private_desktop import wait_for, wait_until
+
+STATE_ACTIVE = pyatspi.STATE_ACTIVE
+STATE_CHECKED = pyatspi.STATE_CHECKED
+STATE_FOCUSED = pyatspi.STATE_FOCUSED
+STATE_SELECTED = pyatspi.STATE_SELECTED
+STATE_VISIBLE = pyatspi.STATE_VISIBLE
+
+LONG_TEXT = 10_000  # ms that an answer may take under sanitizers
+
+
+def has(node, state):
+    return node.getState().contains(state)
+
+
+def walk(node, closed=()):
+    """node and all below it; nothing below nodes whose role is in closed."""
+    yield node
+    if node.getRoleName() not in closed:
+        for child in node:
+            yield from walk(child, closed)
+
+
+def find(node, role, name):
+    """The one control of that role and name below node, or None."""
+    found = [each for each in walk(node, closed=("table",))
+             if each.getRoleName() == role and each.name == name]
+    assert len(found) < 2, f"{len(found)} of {role} {name!r}"
+    return found[0] if found else None
+
+
+def text_of(node):
+    return node.queryText().getText(0, -1)
+
+
+def line_at(text, offset):
+    """The displayed line that holds offset: its text, its start, and the start of the next."""
+    return text.getTextAtOffset(offset, pyatspi.TEXT_BOUNDARY_LINE_START)
+
+
+class Program:
+    def __init__(self, binary):
+        Atspi.set_timeout(LONG_TEXT, LONG_TEXT)
+        self.process = subprocess.Popen([binary])
+        self.main = self.window("Peakwright")
+        self.results = find(self.main, "text", "Results")
+
+    def kill(self):
+        self.process.kill()
+        self.process.wait()
+
+    def _application(self):
+        for each in pyatspi.Registry.getDesktop(0):
+            if each is not None and each.get_process_id() == self.process.pid:
+                return each
+        return None
+
+    def windows(self):
+        """The windows on screen by their titles."""
+        application = self._application()
+        return {frame.name: frame for frame in application or [] if has(frame, STATE_VISIBLE)}
+
+    def active(self):
+        for frame in self.windows().values():
+            if has(frame, STATE_ACTIVE):
+                return frame
+        return None
+
+    def window(self, title):
+        """The window of that title, once the keyboard is in it."""
+        def reached():
+            try:
+                frame = self.active()
+                return frame if frame and frame.name == title and self.focused() else None
+            except GLib.Error:  # A window that is just coming or going.
+                return None
+        return wait_until(reached, f"window {title!r} has the keyboard")
+
+    def focused(self):
+        """The control that has the focus, as (role, name)."""
+        frame = self.active()
+        for node in walk(frame, ("table", "combo box", "menu bar")) if frame else []:
+            if has(node, STATE_FOCUSED):
+                return node.getRoleName(), node.name
+        return None
+
+    @staticmethod
+    def press(*keys):
+        subprocess.run(["xdotool", "key", "--delay", "4", *keys], check=True)
+
+    @staticmethod
+    def type(text):
+        subprocess.run(["xdotool", "type", "--delay", "4", text], check=True)
+
+    def tab_to(self, role, name):
+        """Presses Tab until the control has the focus."""
+        passed = []
+        while self.focused() != (role, name):
+            before = self.focused()
+            assert before not in passed, f"Tab doesn't reach {role} {name!r}: {passed}"
+            passed.append(before)
+            self.press("Tab")
+            wait_until(lambda: self.focused() not in (None, before), "Tab moves the focus")
+
+    def choose(self, role, name, key="space"):
+        self.tab_to(role, name)
+        self.press(key)
+
+    def fill(self, name, text):
+        """Types text into a field, in the place of what is there."""
+        self.tab_to("text", name)
+        self.press("ctrl+a")
+        self.type(text)
+        field = find(self.active(), "text", name)
+        wait_for(text, lambda: text_of(field))
