@@ -3,6 +3,7 @@
 #include "engine/global_strings.h"
 #include "ui/menu.h"
 #include "ui/text_window.h"
+#include "update/update_window.h"
 
 namespace peakwright {
 namespace {
@@ -10,8 +11,11 @@ namespace {
 constexpr ApplicationIdentity kIdentity{
     .Name = "Peakwright", .Program = "peakwright", .Version = "1.70"};
 
-/// Opens the main window, the only one that comes up by itself.
-void MakeDefaultView() { TextWindow::Instance(); }
+/// Opens the main window, the only one that comes up by itself, and ties the update window to it.
+void MakeDefaultView() {
+  TextWindow::Instance().CheckForUpdates = [] { WindowDownload::Instance().Show(); };
+  AnchorUpdateWindow([] { return TextWindow::Instance().Left(); });
+}
 
 }  // namespace
 

@@ -16,6 +16,7 @@
 #include "ui/edit_element_window.h"
 #include "ui/isotopes_window.h"
 #include "ui/text_window.h"
+#include "update/update_window.h"
 
 namespace {
 
@@ -47,9 +48,11 @@ int main(int argc, char** argv) {
   Window3::Instance().Show();
   Window3::Instance().ListBox1.SelectedRowIndex(5);
   Window2::Instance().Edit(5);
+  main.CheckForUpdates();
   const bool saved = Save(main, directory + "main_window.png") &&
                      Save(Window1::Instance(), directory + "additional_elements.png") &&
                      Save(Window2::Instance(), directory + "edit_element.png") &&
-                     Save(Window3::Instance(), directory + "isotopes.png");
+                     Save(Window3::Instance(), directory + "isotopes.png") &&
+                     Save(WindowDownload::Instance(), directory + "update.png");
   return saved ? EXIT_SUCCESS : EXIT_FAILURE;
 }

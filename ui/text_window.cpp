@@ -5,6 +5,7 @@
 #include "ui/help_texts.h"
 #include "ui/isotopes_window.h"
 #include "ui/menu.h"
+#include "ui/printing.h"
 #include "ui/results.h"
 #include "ui/text_window_layout.h"
 
@@ -88,7 +89,10 @@ void TextWindow::PushButton2_Pressed() { textfield2.Text(""); }
 
 void TextWindow::PushButton3_Pressed() { WriteAndScroll(Module1::about, kHelpScrollStep); }
 
-bool TextWindow::FilePrint_Action() { return false; }
+bool TextWindow::FilePrint_Action() {
+  Module1::printer();
+  return false;
+}
 
 bool TextWindow::FileRun_Action() {
   Pushbutton1.Press();
