@@ -1,5 +1,6 @@
 #include "engine/cell_writer.h"
 
+#include <algorithm>
 #include <cmath>
 #include <string>
 
@@ -19,6 +20,20 @@ constexpr FourDigitTable NumbersPaddedWith(char padding) {
   return numbers;
 }
 
+/// The last four digits of `value`, a whole number from 2^24 up; in steps that stay within 64 bits.
+std::uint64_t LastFourDigits(float value) {
+  constexpr int kMantissaBits = 24;
+  int exponent = 0;
+  const float mantissa = std::ldexp(std::frexp(value, &exponent), kMantissaBits);
+  auto rest = static_cast<std::uint64_t>(mantissa);
+  for (int left = exponent - kMantissaBits; left > 0;) {
+    const int step = std::min(left, 48);
+    rest = (rest % 10000) << step;
+    left -= step;
+  }
+  return rest % 10000;
+}
+
 }  // namespace
 
 constinit const FourDigitTable kBlankPadded = NumbersPaddedWith(' ');
@@ -34,7 +49,9 @@ void WriteAnyCell(char* cell, const CellMask& mask, float value) {
   // From 2^24 up a Single has no fraction, and of the rest the cell shows the last four digits.
   constexpr float kNoFraction = 16777216;
   float magnitude = std::abs(value);
-  if (magnitude >= kNoFraction) magnitude = 10000 + std::fmod(magnitude, 10000.0F);
+  if (magnitude >= kNoFraction) {
+    magnitude = static_cast<float>(10000 + LastFourDigits(magnitude));
+  }
   const auto units = static_cast<std::int64_t>(double{magnitude} * mask.scale + 0.5);
   const auto whole = static_cast<std::size_t>(units / mask.scale);
   char* const point = cell + mask.places;
