@@ -1,0 +1,134 @@
+#include "engine/run.h"
+
+#include <tuple>
+
+#include <gtest/gtest.h>
+
+#include "engine/global_strings.h"
+#include "tests/support/literal_run.h"
+#include "tests/support/plain_controls.h"
+
+namespace peakwright {
+namespace {
+
+class RunTest : public testing::Test {
+ protected:
+  RunTest() { Module1::CR = "\n"; }
+
+  const std::string& Run(const std::string& mass, const SearchLimits& limits = {}) {
+    controls_.mass = mass;
+    controls_.results.clear();
+    Module1::calculate(controls_, limits);
+    return controls_.results;
+  }
+  void Count(int index, const std::string& text) {
+    controls_.additionalElements = true;
+    controls_.counts.at(static_cast<std::size_t>(index)) = text;
+  }
+
+  PlainControls controls_;
+};
+
+constexpr char kInsufficient[] = "Insufficient mass remaining for C, H, N, or O.\r\r";
+
+TEST_F(RunTest, ListsMass58) {
+  EXPECT_EQ(Run("58.9"),
+            "    MASS    58  C  H  N  O    M+1    M+2  RDB\r"
+            "   ----------- -- -- -- --   ----   ----  ---\r"
+            "   1)  58.0279     2  4      1.50    .01  2.0\n"
+            "   2)  58.0041        3  1   1.13    .00  2.5\n"
+            "   3)  58.0405  1  4  3      2.28    .02  1.5\n"
+            "   4)  58.0167  1  2  2  1   1.92    .01  2.0\n"
+            "   5)  57.9929  1     1  2   1.56    .01  2.5\n"
+            "   6)  58.0531  2  6  2      3.07    .03  1.0\n"
+            "   7)  58.0293  2  4  1  1   2.71    .02  1.5\n"
+            "   8)  58.0055  2  2     2   2.35    .01  2.0\n"
+            "   9)  58.0657  3  8  1      3.85    .05   .5\n"
+            "  10)  58.0419  3  6     1   3.49    .04  1.0\n"
+            "  11)  58.0783  4 10         4.64    .08   .0\n\r\r");
+  EXPECT_EQ(controls_.mass, "58");
+}
+
+TEST_F(RunTest, ListsMass100WithChlorineByTheNitrogenRule) {
+  Count(1, "1.9");
+  controls_.nitrogenRule = true;
+  EXPECT_EQ(Run("100"),
+            "1 Cl\rNitrogen rule applied:\r"
+            "    MASS    65  C  H  N  O    M+1    M+2  RDB\r"
+            "   ----------- -- -- -- --   ----   ----  ---\r"
+            "   1)  99.9563     1     4    .16  32.40   .0\n"
+            "   2)  99.9828  3  1  2      4.11  32.46  4.0\n"
+            "   3)  99.9716  4  1     1   4.53  32.48  4.0\n"
+            "   4) 100.0080  5  5         5.68  32.53  3.0\n\r\r");
+}
+
+TEST_F(RunTest, HasTheDocumentedOutcomes) {
+  const std::tuple<std::string, std::string, std::string> cases[] = {
+      {"", "0", kInsufficient},
+      {"abc", "0", kInsufficient},
+      {"-5.5", "-5", kInsufficient},
+      {"-1e99", "-9223372036854775808", kInsufficient}};
+  for (const auto& [mass, shown, results] : cases) {
+    EXPECT_EQ(Run(mass), results);
+    EXPECT_EQ(controls_.mass, shown);
+  }
+  Count(0, "5");
+  Count(1, "-0.5");
+  EXPECT_EQ(Run("95"), std::string("5 F\r").append(kInsufficient));
+  controls_.nitrogenRule = true;
+  EXPECT_EQ(Run("96"),
+            "5 F\rNitrogen rule applied:\r"
+            "    MASS     1  C  H  N  O    M+1    M+2  RDB\r"
+            "   ----------- -- -- -- --   ----   ----  ---\r"
+            "\rThere are no valid combinations.\r\r");
+}
+
+TEST_F(RunTest, SaysSoWhereALimitWouldBePassed) {
+  const std::string listing = Run("58");
+  EXPECT_EQ(Run("58", {11, 1000}), listing);
+  Count(1, "2");
+  controls_.nitrogenRule = true;
+  EXPECT_EQ(Run("170", {27, 1000}).find("There are more"), std::string::npos);
+  EXPECT_EQ(Run("170", {16, 1000}),
+            "2 Cl\rNitrogen rule applied:\r"
+            "There are more valid combinations for mass 100 than the limit of 16.\r\r");
+  EXPECT_EQ(Run("170", {16, 20}),
+            "2 Cl\rNitrogen rule applied:\r"
+            "There are more combinations to try for mass 100 than the limit of 20.\r\r");
+}
+
+TEST_F(RunTest, ComesBackFromAnything) {
+  for (const char* mass : {"1e4", "1e9", "9223372036854775807", "1e400"}) {
+    EXPECT_NE(Run(mass).find("There are more"), std::string::npos) << mass;
+  }
+  for (const int row : {0, 2, 3}) {
+    PlainControls edited;
+    edited.table.CellTextAt(row, 1, "1e-45");
+    std::swap(controls_, edited);
+    EXPECT_NE(Run("100").find("There are more"), std::string::npos) << row;
+    controls_.table.CellTextAt(row, 1, "-1000");  // which a division would truncate to 0
+    EXPECT_NE(Run("100").find("There are no valid"), std::string::npos) << row;
+    std::swap(controls_, edited);
+  }
+}
+
+TEST_F(RunTest, CountsToTheEndOfInt64) {
+  controls_.table.CellTextAt(0, 1, "1e19");
+  controls_.table.CellTextAt(3, 1, "1e19");
+  controls_.table.CellTextAt(2, 3, "2");
+  EXPECT_NE(Run("1e30").find("\n 511)"), std::string::npos);
+}
+
+TEST_F(RunTest, AgreesWithTheLiteralRunOnALongListing) {
+  for (const char* mass : {"700", "1200"}) {
+    Count(1, mass[0] == '7' ? "-3" : "2");
+    controls_.mass = mass;
+    PlainControls expected = controls_;
+    expected.results.clear();
+    ASSERT_TRUE(LiteralRun(expected, 1'000'000));
+    EXPECT_EQ(Run(mass), expected.results);
+  }
+}
+
+}  // namespace
+}  // namespace peakwright

@@ -1,0 +1,90 @@
+// Whole runs on random masses, counts and cells, held against the literal run: as a libFuzzer
+// target, or as a program of its own that takes a number of cases and a seed.
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <random>
+#include <vector>
+
+#include "engine/global_strings.h"
+#include "tests/support/literal_run.h"
+#include "tests/support/plain_controls.h"
+
+namespace peakwright {
+namespace {
+
+constexpr const char* kOddTexts[] = {
+    "",      "abc",   "-1",   "0",     "0.5",  "-0.25", "2.5",  "12.0001", "1e39",
+    "-1e39", "1e-46", "1e30", "-1e30", "1e18", "0.001", "14.5", "1e400",   "9223372036854775807",
+    "16",    "99999", "1e6",  "-7e5",  "1e13", "2.0001"};
+constexpr const char* kNames[] = {"", "Q", "Abcd", "\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9", "<b>"};
+
+class Choices {
+ public:
+  Choices(const std::uint8_t* data, std::size_t size) : next_(data), end_(data + size) {}
+  int Below(int n) { return next_ == end_ ? 0 : *next_++ % n; }
+  std::string Number() {
+    const int kind = Below(8);
+    if (kind == 0) return kOddTexts[Below(std::size(kOddTexts))];
+    const std::string whole = std::to_string(Below(40));
+    return kind < 3 ? whole + "." + std::to_string(Below(100)) : whole;
+  }
+
+ private:
+  const std::uint8_t* next_;
+  const std::uint8_t* end_;
+};
+
+PlainControls MakeControls(Choices choices) {
+  PlainControls controls;
+  controls.mass = choices.Below(8) == 0 ? choices.Number() : std::to_string(choices.Below(160));
+  controls.nitrogenRule = choices.Below(2) == 1;
+  controls.additionalElements = choices.Below(2) == 1;
+  for (std::string& count : controls.counts) {
+    const int kind = choices.Below(16);
+    if (kind < 3) count = std::to_string(choices.Below(7) - 3);
+    if (kind == 3) count = choices.Number();
+  }
+  for (int edits = choices.Below(5); edits > 0; --edits) {
+    const int row = choices.Below(3) == 0 ? choices.Below(13) : choices.Below(4);
+    const int column = choices.Below(6);
+    controls.table.CellTextAt(
+        row, column, column == 0 ? kNames[choices.Below(std::size(kNames))] : choices.Number());
+  }
+  return controls;
+}
+
+void Check(const std::uint8_t* data, std::size_t size) {
+  constexpr std::int64_t kPasses = 20'000;
+  Module1::CR = "\n";
+  PlainControls controls = MakeControls({data, size});
+  PlainControls expected = controls;
+  // A pair of C and O costs the engine no more than twice the passes of the literal run.
+  Module1::calculate(controls, {kPasses, 4 * kPasses});
+  if (!LiteralRun(expected, kPasses)) return;
+  if (controls.results == expected.results && controls.mass == expected.mass) return;
+  std::fprintf(stderr, "Mass %s:\n%s\nliterally:\n%s\n", expected.mass.c_str(),
+               controls.results.c_str(), expected.results.c_str());
+  std::abort();
+}
+
+}  // namespace
+}  // namespace peakwright
+
+#ifdef PEAKWRIGHT_LIBFUZZER
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  peakwright::Check(data, size);
+  return 0;
+}
+#else
+int main(int argc, char** argv) {
+  const long cases = argc > 1 ? std::atol(argv[1]) : 1000;
+  std::mt19937 random(argc > 2 ? static_cast<unsigned>(std::atol(argv[2])) : 1);
+  std::vector<std::uint8_t> data(64);
+  for (long i = 0; i < cases; ++i) {
+    for (std::uint8_t& byte : data) byte = static_cast<std::uint8_t>(random());
+    peakwright::Check(data.data(), data.size());
+  }
+  std::printf("%ld cases agree.\n", cases);
+}
+#endif
