@@ -88,17 +88,17 @@ TEST_F(RunTest, SaysSoWhereALimitWouldBePassed) {
   EXPECT_EQ(Run("58", {11, 1000}), listing);
   Count(1, "2");
   controls_.nitrogenRule = true;
-  EXPECT_EQ(Run("170", {27, 1000}).find("There are more"), std::string::npos);
-  EXPECT_EQ(Run("170", {16, 1000}),
+  EXPECT_EQ(Run("170", {16, 1000}).find("There are more"), std::string::npos);
+  EXPECT_EQ(Run("170", {15, 1000}),
             "2 Cl\rNitrogen rule applied:\r"
-            "There are more valid combinations for mass 100 than the limit of 16.\r\r");
+            "There are more valid combinations for mass 100 than the limit of 15.\r\r");
   EXPECT_EQ(Run("170", {16, 20}),
             "2 Cl\rNitrogen rule applied:\r"
             "There are more combinations to try for mass 100 than the limit of 20.\r\r");
 }
 
 TEST_F(RunTest, ComesBackFromAnything) {
-  for (const char* mass : {"1e4", "1e9", "9223372036854775807", "1e400"}) {
+  for (const char* mass : {"1e9", "9223372036854775807", "1e400"}) {
     EXPECT_NE(Run(mass).find("There are more"), std::string::npos) << mass;
   }
   for (const int row : {0, 2, 3}) {
@@ -115,6 +115,7 @@ TEST_F(RunTest, ComesBackFromAnything) {
 TEST_F(RunTest, CountsToTheEndOfInt64) {
   controls_.table.CellTextAt(0, 1, "1e19");
   controls_.table.CellTextAt(3, 1, "1e19");
+  controls_.table.CellTextAt(2, 1, "1");
   controls_.table.CellTextAt(2, 3, "2");
   EXPECT_NE(Run("1e30").find("\n 511)"), std::string::npos);
 }
