@@ -15,7 +15,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-enum Then { Close, Stay, Trickle };  // Trickle: the last 20 bytes go one by one, 40 ms apart.
+enum Then { Close, Stay, Trickle };  // Trickle: the last 20 bytes go one by one, 70 ms apart.
 
 /// A reply with this body, which announces `length` bytes.
 QByteArray Http(const QByteArray& body, qsizetype length = -1,
@@ -61,7 +61,7 @@ class TlsServer : public QSslServer {
     client.write(then == Trickle ? bytes.chopped(20) : bytes);
     if (then == Close) client.disconnectFromHost();
     for (int n = 1; then == Trickle && n <= 20; ++n) {
-      QTimer::singleShot(40 * n, &client,
+      QTimer::singleShot(70 * n, &client,
                          [&client, byte = bytes.last(21 - n).first(1)] { client.write(byte); });
     }
   }
@@ -85,7 +85,7 @@ class Update : public testing::Test {
 
   std::string Fetch(const std::string& url) {
     try {
-      return connection_.SendSync("GET", url, 500ms, 1000);
+      return connection_.SendSync("GET", url, 1s, 1000);
     } catch (const NetworkException&) {
       return "fails";
     }
@@ -106,7 +106,7 @@ class Update : public testing::Test {
     };
     connection_.Error = [&](auto&, auto&) { over = true; };
     connection_.FileReceived = [&](auto&, auto&, int, auto&) { over = true; };
-    connection_.Send("GET", url, FolderItem(file.fileName().toStdString()), 500ms);
+    connection_.Send("GET", url, FolderItem(file.fileName().toStdString()), 1s);
     EXPECT_TRUE(QTest::qWaitFor([&] { return over; }));
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1);
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));
