@@ -28,6 +28,19 @@ struct WindowLayout {
   int MaximumHeight = 32000;
 };
 
+/// A floating window of fixed size, without buttons on its title bar.
+constexpr WindowLayout Panel(std::string_view title, int width, int height, bool visible) {
+  return {.Title = title,
+          .Width = width,
+          .Height = height,
+          .Type = WindowType::Floating,
+          .HasCloseButton = false,
+          .HasMaximizeButton = false,
+          .HasMinimizeButton = false,
+          .Resizeable = false,
+          .Visible = visible};
+}
+
 struct Rect {
   int Left;
   int Top;

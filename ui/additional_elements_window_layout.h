@@ -7,14 +7,7 @@
 /// Places and captions of the additional-elements window.
 namespace peakwright::additional_elements_window_layout {
 
-inline constexpr WindowLayout kWindow{.Title = "Additional Elements",
-                                      .Width = 225,
-                                      .Height = 300,
-                                      .Type = WindowType::Floating,
-                                      .HasCloseButton = false,
-                                      .HasMaximizeButton = false,
-                                      .HasMinimizeButton = false,
-                                      .Resizeable = false};
+inline constexpr WindowLayout kWindow = Panel("Additional Elements", 225, 300, /*visible=*/true);
 
 inline constexpr ControlLayout kCoreElements{.Text = "Elements other than C, H, N, O",
                                              .Place = {7, 6, 218, 21},

@@ -7,14 +7,7 @@
 /// Places and captions of the window that edits one element.
 namespace peakwright::edit_element_window_layout {
 
-inline constexpr WindowLayout kWindow{.Title = "Edit Selected Element",
-                                      .Width = 225,
-                                      .Height = 300,
-                                      .Type = WindowType::Floating,
-                                      .HasCloseButton = false,
-                                      .HasMaximizeButton = false,
-                                      .HasMinimizeButton = false,
-                                      .Resizeable = false};
+inline constexpr WindowLayout kWindow = Panel("Edit Selected Element", 225, 300, /*visible=*/true);
 
 inline constexpr ControlLayout kHeading{
     .Text = "Edit element isotope values", .Place = {20, 39, 185, 22}, .TabIndex = 0, .Bold = true};

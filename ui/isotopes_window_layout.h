@@ -5,15 +5,7 @@
 /// Places and captions of the isotopes window.
 namespace peakwright::isotopes_window_layout {
 
-inline constexpr WindowLayout kWindow{.Title = "Isotopes",
-                                      .Width = 478,
-                                      .Height = 280,
-                                      .Type = WindowType::Floating,
-                                      .HasCloseButton = false,
-                                      .HasMaximizeButton = false,
-                                      .HasMinimizeButton = false,
-                                      .Resizeable = false,
-                                      .Visible = false};
+inline constexpr WindowLayout kWindow = Panel("Isotopes", 478, 280, /*visible=*/false);
 inline constexpr int kTop = 400;  // On the screen.
 
 inline constexpr ControlLayout kElements{.Text = "", .Place = {9, 10, 459, 236}, .TabIndex = 0};
