@@ -4,6 +4,8 @@
 #include <utility>
 
 #include <QAction>
+#include <QCoreApplication>
+#include <QKeyEvent>
 #include <QKeySequence>
 #include <QMenu>
 #include <QMenuBar>
@@ -103,6 +105,13 @@ DesktopMenuItem* DesktopMenuItem::Lookup(std::string_view name) const {
   return NamedBelow(children_, name);
 }
 
+bool DesktopMenuItem::HasCommand(const QKeySequence& keys) const {
+  const bool isOwn = handler_ != nullptr && canAct_ == nullptr;
+  return (isOwn && action_->shortcut() == keys) ||
+         std::any_of(children_.begin(), children_.end(),
+                     [&](const auto& child) { return child->HasCommand(keys); });
+}
+
 void DesktopMenuItem::Handler(std::function<bool()> action) {
   handler_ = std::move(action);
   if (autoEnabled_) action_->setEnabled(handler_ != nullptr);
@@ -126,7 +135,30 @@ QMenu& DesktopMenuItem::NativeMenu() {
 
 DesktopQuitMenuItem::DesktopQuitMenuItem() { Native()->setMenuRole(QAction::QuitRole); }
 
-DesktopMenuBar::DesktopMenuBar() : bar_(std::make_unique<QMenuBar>()) {
+/// Keeps a control from taking a command's key for itself: in a text field of X11, Ctrl+U would
+/// delete what the user typed. The platform's edit keys stay with the control.
+class DesktopMenuBar::CommandKeys : public QObject {
+ public:
+  explicit CommandKeys(const DesktopMenuBar& bar) : bar_(bar) {}
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() != QEvent::ShortcutOverride) return QObject::eventFilter(watched, event);
+    const QKeySequence keys(static_cast<const QKeyEvent&>(*event).keyCombination());
+    for (const auto& title : bar_.titles_) {
+      if (!title->HasCommand(keys)) continue;
+      event->ignore();
+      return true;
+    }
+    return false;
+  }
+
+ private:
+  const DesktopMenuBar& bar_;
+};
+
+DesktopMenuBar::DesktopMenuBar()
+    : bar_(std::make_unique<QMenuBar>()), keys_(std::make_unique<CommandKeys>(*this)) {
+  QCoreApplication::instance()->installEventFilter(keys_.get());
   bar_->setAccessibleName(QMenuBar::tr("Menu bar"));
 }
 DesktopMenuBar::~DesktopMenuBar() = default;

@@ -9,6 +9,7 @@
 #include "runtime/desktop_application.h"
 
 class QAction;
+class QKeySequence;
 class QMenu;
 class QMenuBar;
 
@@ -42,6 +43,8 @@ class DesktopMenuItem {
   DesktopMenuItem* Lookup(std::string_view name) const;  ///< Any item below, or null.
 
   void Handler(std::function<bool()> action);
+  /// Whether these keys stand for this item or one below, other than a platform's edit command.
+  bool HasCommand(const QKeySequence& keys) const;
 
   QAction* Native() const { return action_.get(); }
   /// The toolkit's menu of a title; made at the first call.
@@ -82,8 +85,11 @@ class DesktopMenuBar : public ImplicitInstance {
   QMenuBar* Native() const { return bar_.get(); }
 
  private:
+  class CommandKeys;
+
   std::vector<std::unique_ptr<DesktopMenuItem>> titles_;
   std::unique_ptr<QMenuBar> bar_;
+  std::unique_ptr<CommandKeys> keys_;
 };
 
 }  // namespace peakwright
