@@ -58,7 +58,8 @@ TEST(CellWriterTest, WritesWhatAlignGives) {
     }
     for (int i = 0; i < 20000; ++i) {  // any Single at all, then halves and whole numbers
       check(std::bit_cast<float>(static_cast<std::uint32_t>(random())));
-      check(static_cast<float>(static_cast<std::int32_t>(random())) / (1 << (random() % 31)));
+      check(std::ldexp(static_cast<float>(static_cast<std::int32_t>(random())),
+                       -static_cast<int>(random() % 31)));
     }
   }
 }
