@@ -42,7 +42,7 @@ constinit const FourDigitTable kZeroPadded = NumbersPaddedWith('0');
 void WriteAnyCell(char* cell, const CellMask& mask, float value) {
   if (!std::isfinite(value)) {
     const std::string text = Module1::align(mask.text, value);
-    std::memcpy(cell, text.data(), text.size());
+    std::copy(text.begin(), text.end(), cell);
     return;
   }
 
@@ -52,6 +52,7 @@ void WriteAnyCell(char* cell, const CellMask& mask, float value) {
   if (magnitude >= kNoFraction) {
     magnitude = static_cast<float>(10000 + LastFourDigits(magnitude));
   }
+  // NOLINTNEXTLINE(bugprone-incorrect-roundings): neither negative nor inexact
   const auto units = static_cast<std::int64_t>(double{magnitude} * mask.scale + 0.5);
   const auto whole = static_cast<std::size_t>(units / mask.scale);
   char* const point = cell + mask.places;

@@ -42,6 +42,7 @@ inline void WriteCell(char* cell, const CellMask& mask, float value) {
   if (std::bit_cast<std::uint32_t>(value) >= kTooLarge) return WriteAnyCell(cell, mask, value);
 
   // Exact: the 24 bits of a Single times the 10 of 625 fit in a Double, as does the half added.
+  // NOLINTNEXTLINE(bugprone-incorrect-roundings): neither negative nor inexact
   const auto units = static_cast<std::int32_t>(double{value} * mask.scale + 0.5);
   const auto whole = static_cast<std::uint32_t>(units) / mask.scale;
   const auto fraction = static_cast<std::uint32_t>(units) % mask.scale;
