@@ -11,7 +11,7 @@ namespace peakwright {
 /// How far a search may go.
 struct SearchLimits {
   std::int64_t rows = 2'000'000;     ///< rows of the listing
-  std::int64_t passes = 50'000'000;  ///< pairs of C and O, and numbers of N, that are tried
+  std::int64_t passes = 20'000'000;  ///< pairs of C and O, and numbers of N, that are tried
 };
 
 /// What a search is given.
