@@ -4,6 +4,8 @@
 usage: accessibility_test.py PROGRAM [unittest argument...]
 """
 
+import os
+import subprocess
 import sys
 import unittest
 
@@ -27,6 +29,8 @@ import pyatspi  # noqa: E402
 STRUCTURE = ("filler", "panel")
 # Not on screen until their menu opens, but there to be read.
 IN_MENUS = ("popup menu", "menu item", "separator", "list", "list item")
+
+TIME_LIMIT_OF_UPDATE_CHECK = 35  # s
 
 LISTING_58 = """\
     MASS    58  C  H  N  O    M+1    M+2  RDB
@@ -106,6 +110,12 @@ class Assistive(unittest.TestCase):
         self.check_names(counts, ["F", "Cl", "Br", "I", "Si", "P", "S", "X", "Na"])
         program.choose("push button", "Show isotopes")
         self.check_names(program.window("Isotopes"), [])
+        program.press("ctrl+u")
+        update = program.window("Update", seconds=TIME_LIMIT_OF_UPDATE_CHECK)
+        self.check_names(update, [])
+        self.assertIsNotNone(find(update, "text", "Download location"))
+        self.assertIn("Web connection was unsuccessful.",
+                      " ".join(node.name for node in walk(update)))
 
     def test_marks_and_boxes_tell_their_state(self):
         program = self.program
@@ -210,10 +220,20 @@ class Assistive(unittest.TestCase):
         program.press("ctrl+v")
         wait_for(expected, lambda: text_of(program.results))
 
+        program.press("ctrl+p")
+        program.window("Page Setup")
+        program.press("Return")
+        program.window("Print")
+        program.press("Return")
+        program.window("Peakwright")
+        printed = subprocess.run(["pdftotext", "-layout", f"{HOME}/Peakwright.pdf", "-"],
+                                 capture_output=True, text=True, check=True).stdout
+        self.assertEqual(printed.split(), expected.split())
+
         program.press("ctrl+q")
         self.assertEqual(program.process.wait(timeout=10), 0)
 
 
 if __name__ == "__main__":
-    Assistive.BINARY = sys.argv.pop(1)
+    Assistive.BINARY = os.path.abspath(sys.argv.pop(1))
     unittest.main(verbosity=2)

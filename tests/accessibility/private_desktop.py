@@ -64,7 +64,8 @@ def bring_up():
             del os.environ[variable]
     os.environ.update(HOME=home, XDG_RUNTIME_DIR=home, LC_ALL="C.UTF-8", NO_AT_BRIDGE="0",
                       QT_QPA_PLATFORM="xcb", QT_ACCESSIBILITY="1",
-                      QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
+                      QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1",
+                      CUPS_SERVER=f"{home}/no-printers")
 
     read, write = os.pipe()
     _start(["Xvfb", "-displayfd", str(write), "-screen", "0", "1280x1024x24", "-nolisten", "tcp"],

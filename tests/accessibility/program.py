@@ -1,5 +1,6 @@
 """The program as assistive tools see it, and a user who has nothing but a keyboard."""
 
+import os
 import subprocess
 
 import pyatspi
@@ -48,7 +49,7 @@ def line_at(text, offset):
 class Program:
     def __init__(self, binary):
         Atspi.set_timeout(LONG_TEXT, LONG_TEXT)
-        self.process = subprocess.Popen([binary])
+        self.process = subprocess.Popen([binary], cwd=os.environ["HOME"])
         self.main = self.window("Peakwright")
         self.results = find(self.main, "text", "Results")
 
@@ -73,7 +74,7 @@ class Program:
                 return frame
         return None
 
-    def window(self, title):
+    def window(self, title, seconds=10):
         """The window of that title, once the keyboard is in it."""
         def reached():
             try:
@@ -81,7 +82,7 @@ class Program:
                 return frame if frame and frame.name == title and self.focused() else None
             except GLib.Error:  # A window that is just coming or going.
                 return None
-        return wait_until(reached, f"window {title!r} has the keyboard")
+        return wait_until(reached, f"window {title!r} has the keyboard", seconds)
 
     def focused(self):
         """The control that has the focus, as (role, name)."""
