@@ -179,4 +179,11 @@ QAccessibleInterface* Make(const QString&, QObject* object) {
 
 void InstallAccessibleTextArea() { QAccessible::installFactory(Make); }
 
+void AnnounceReplacement(TextAreaView& view, int formerLength) {
+  if (!QAccessible::isActive() || formerLength + view.TextLength() == 0) return;
+  // What went is told by its length, as the toolkit does.
+  QAccessibleTextUpdateEvent change(&view, 0, QString(formerLength, u' '), view.toPlainText());
+  QAccessible::updateAccessibility(&change);
+}
+
 }  // namespace peakwright

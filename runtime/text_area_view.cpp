@@ -312,10 +312,12 @@ std::unique_ptr<QTextDocument> TextAreaView::NewDocument() const {
 }
 
 void TextAreaView::Show(std::unique_ptr<QTextDocument> made) {
+  const int formerLength = TextLength();
   setDocument(made.get());
   shown_ = std::move(made);
   shown_->setDefaultFont(font());
   Recount();
+  AnnounceReplacement(*this, formerLength);
 }
 
 void TextAreaView::Recount() { Layout().CountAll(viewport()->width()); }
