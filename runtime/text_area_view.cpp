@@ -301,13 +301,12 @@ void TextAreaView::insertFromMimeData(const QMimeData* source) {
   ensureCursorVisible();
 }
 
-std::unique_ptr<QTextDocument> TextAreaView::NewDocument() const {
+std::unique_ptr<QTextDocument> TextAreaView::NewDocument() {
   auto made = std::make_unique<QTextDocument>();
   made->setDocumentLayout(std::make_unique<LineCountingLayout>(made.get()).release());
   made->setDefaultFont(font());
   // A new step after an Undo leaves nothing to redo.
-  connect(made.get(), &QTextDocument::undoCommandAdded, this,
-          [this] { const_cast<TextAreaView*>(this)->later_.reset(); });
+  connect(made.get(), &QTextDocument::undoCommandAdded, this, [this] { later_.reset(); });
   return made;
 }
 

@@ -48,7 +48,7 @@ class TextAreaView : public QPlainTextEdit {
  private:
   class LineCountingLayout;
 
-  std::unique_ptr<QTextDocument> NewDocument() const;
+  std::unique_ptr<QTextDocument> NewDocument();
   void Show(std::unique_ptr<QTextDocument> document);
   void Recount();
   LineCountingLayout& Layout() const;
