@@ -1,10 +1,9 @@
 #include "engine/report.h"
 
-#include <cmath>
-
 #include "engine/cell_writer.h"
 #include "engine/format.h"
 #include "engine/global_strings.h"
+#include "engine/sums.h"
 
 namespace peakwright {
 namespace {
@@ -25,8 +24,6 @@ constexpr CellMask kExactMask(" ###.0000");
 constexpr CellMask kCountMask(" ##");
 constexpr CellMask kPeakMask(" ###.00");
 constexpr CellMask kRdbMask(" ##.0");
-
-bool IsWhole(float rdb) { return rdb - std::trunc(rdb) == 0; }
 
 void WriteRow(char* row, std::int64_t number, const FormulaBatch::Formulas& formulas,
               std::size_t i) {
@@ -68,9 +65,7 @@ void Listing::AppendValid(FormulaBatch& batch, bool nitrogenRule) {
   const std::size_t rowLength = rowLength_;
   std::int64_t number = rowNumber_;
   for (std::size_t i = 0; i < batch.Size(); ++i) {
-    const float rdb = formulas.rdb[i];
-    if (!(rdb >= 0)) continue;
-    if (nitrogenRule && !IsWhole(rdb)) continue;
+    if (!IsValid(formulas.rdb[i], nitrogenRule)) continue;
     WriteRow(row, ++number, formulas, i);
     row += rowLength;
   }

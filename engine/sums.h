@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cmath>
+
 #include "engine/elements.h"
 
 /// RDB, exact mass and peak ratios as plain sums over the atoms of a formula. Table values and
@@ -63,6 +65,11 @@ struct RowValues {
 /// Rings and double bonds, from the spare bonds of C, H and N; O, with two bonds, has none.
 inline float Rdb(double c, double h, double n, const AdditionalTotals& totals) {
   return static_cast<float>((((c + h) + n) / 2 + 1) + totals.addedRdb);
+}
+
+/// Whether a formula of this RDB is valid: not negative, and whole if the nitrogen rule applies.
+inline bool IsValid(float rdb, bool nitrogenRule) {
+  return rdb >= 0 && (!nitrogenRule || rdb - std::trunc(rdb) == 0);
 }
 
 /// The values of the formula that the four elements and the additional atoms make up.

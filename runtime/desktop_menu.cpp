@@ -55,22 +55,13 @@ void DesktopMenuItem::Name(std::string_view name) {
   }
 }
 
-std::string DesktopMenuItem::Text() const {
-  return action_->text().replace(QStringLiteral("&&"), QStringLiteral("&")).toStdString();
-}
-
 void DesktopMenuItem::Text(std::string_view text) {
   action_->setText(ToCaption(text));
   action_->setSeparator(text == "-");
   if (menu_) menu_->setTitle(ToCaption(text));
 }
 
-bool DesktopMenuItem::Visible() const { return action_->isVisible(); }
 void DesktopMenuItem::Visible(bool visible) { action_->setVisible(visible); }
-
-std::string DesktopMenuItem::Shortcut() const {
-  return action_->shortcut().toString().toStdString();
-}
 
 void DesktopMenuItem::Shortcut(std::string_view shortcut) {
   // The toolkit's Ctrl is the Command key on macOS.

@@ -27,14 +27,10 @@ class DesktopMenuItem {
   /// The names EditUndo, EditCut, EditCopy and EditPaste make the item act on the text control
   /// that has the focus.
   void Name(std::string_view name);
-  std::string Text() const;
   void Text(std::string_view text);  ///< "-" makes a separator line.
-  bool Visible() const;
   void Visible(bool visible);
-  std::string Shortcut() const;
   void Shortcut(std::string_view shortcut);  ///< As "Cmd+P": Command on macOS, Ctrl elsewhere.
-  bool AutoEnabled() const { return autoEnabled_; }
-  void AutoEnabled(bool enabled);  ///< On: enabled while a handler is bound.
+  void AutoEnabled(bool enabled);            ///< On: enabled while a handler is bound.
   bool HasCheckMark() const { return marked_; }
   void HasCheckMark(bool marked);
 

@@ -16,7 +16,7 @@ class DesktopTextArea : public DesktopUIControl {
   DesktopTextArea(DesktopWindow& window, const ControlLayout& layout);
 
   std::string Text() const;
-  void Text(std::string_view text);  ///< Can be undone once, without end to the length.
+  void Text(std::string_view text);  ///< Undo brings the former text back.
   /// The length of the text, for LineNumber, without a copy of it.
   std::int64_t TextLength() const;
 

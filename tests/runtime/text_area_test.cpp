@@ -48,7 +48,7 @@ struct ShownView : TextAreaView {
     setTextCursor(cursor);
   }
 
-  /// The line of every block's first character and of the end, by laying out every block.
+  /// How many lines are displayed, by laying out every block.
   int LinesByLayout() const {
     int lines = 0;
     for (QTextBlock block = document()->firstBlock(); block.isValid(); block = block.next()) {
