@@ -33,6 +33,9 @@ std::string DesktopTextArea::Text() const { return View(*this).Text(); }
 void DesktopTextArea::Text(std::string_view text) { View(*this).ReplaceText(text); }
 std::int64_t DesktopTextArea::TextLength() const { return View(*this).TextLength(); }
 void DesktopTextArea::SelectedText(std::string_view text) { View(*this).InsertText(text); }
+void DesktopTextArea::SelectedText(std::size_t length, const TextPieces& pieces) {
+  View(*this).InsertText(length, pieces);
+}
 
 std::int64_t DesktopTextArea::LineNumber(std::int64_t position) const {
   return View(*this).LineNumber(

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
 
 #include "runtime/desktop_ui_control.h"
 #include "runtime/styled_text_printer.h"
+#include "runtime/text_pieces.h"
 
 namespace peakwright {
 
@@ -22,6 +24,8 @@ class DesktopTextArea : public DesktopUIControl {
 
   /// Replaces the selection, or inserts at the insertion point; leaves the insertion point behind.
   void SelectedText(std::string_view text);
+  /// Likewise with a text of `length` bytes that comes in pieces.
+  void SelectedText(std::size_t length, const TextPieces& pieces);
 
   /// The line that holds the character at `position`, or the text's end.
   std::int64_t LineNumber(std::int64_t position) const;

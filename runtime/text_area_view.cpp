@@ -83,6 +83,24 @@ void Insert(QTextCursor& cursor, std::string_view text) {
   }
 }
 
+/// Makes one step of Undo of what a cursor does meanwhile.
+class EditBlock {
+ public:
+  EditBlock(QTextCursor& cursor, bool joinsPrevious) : cursor_(cursor) {
+    if (joinsPrevious) {
+      cursor.joinPreviousEditBlock();
+    } else {
+      cursor.beginEditBlock();
+    }
+  }
+  ~EditBlock() { cursor_.endEditBlock(); }
+  EditBlock(const EditBlock&) = delete;
+  EditBlock& operator=(const EditBlock&) = delete;
+
+ private:
+  QTextCursor& cursor_;
+};
+
 }  // namespace
 
 /// Tells the document how many lines its blocks have before they are laid out. The toolkit counts
@@ -190,21 +208,22 @@ void TextAreaView::ReplaceText(std::string_view text) {
 }
 
 void TextAreaView::InsertText(std::string_view text) {
-  if (text.size() + static_cast<std::size_t>(TextLength()) > kMostCharacters) {
+  InsertText(text.size(), [text](const auto& insert) { insert(text); });
+}
+
+void TextAreaView::InsertText(std::size_t length, const TextPieces& pieces) {
+  if (length + static_cast<std::size_t>(TextLength()) > kMostCharacters) {
     throw std::length_error("The results area is full. Clear it to go on.");
   }
   const int top = verticalScrollBar()->value();
   QTextCursor cursor = textCursor();
-  if (joinsNext_) {
-    cursor.joinPreviousEditBlock();
-  } else {
-    cursor.beginEditBlock();
+  {
+    const EditBlock block(cursor, joinsNext_);
+    joinsNext_ = true;
+    QTimer::singleShot(0, this, [this] { joinsNext_ = false; });
+    cursor.removeSelectedText();
+    pieces([&cursor](std::string_view piece) { Insert(cursor, piece); });
   }
-  joinsNext_ = true;
-  QTimer::singleShot(0, this, [this] { joinsNext_ = false; });
-  cursor.removeSelectedText();
-  Insert(cursor, text);
-  cursor.endEditBlock();
   setTextCursor(cursor);
   verticalScrollBar()->setValue(top);
 }

@@ -1,11 +1,14 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
 
 #include <QPlainTextEdit>
+
+#include "runtime/text_pieces.h"
 
 namespace peakwright {
 
@@ -25,6 +28,8 @@ class TextAreaView : public QPlainTextEdit {
   /// behind the text. Doesn't scroll. Throws std::length_error if the text would grow past what
   /// the toolkit can number; nothing is changed then. What one event inserts is one step of Undo.
   void InsertText(std::string_view text);
+  /// Likewise with a text of `length` bytes that comes in pieces.
+  void InsertText(std::size_t length, const TextPieces& pieces);
 
   int TextLength() const { return document()->characterCount() - 1; }
   /// The displayed line, from 0, that holds a position, in UTF-16 units from 0.
