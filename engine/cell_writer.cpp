@@ -39,7 +39,7 @@ std::uint64_t LastFourDigits(float value) {
 constinit const FourDigitTable kBlankPadded = NumbersPaddedWith(' ');
 constinit const FourDigitTable kZeroPadded = NumbersPaddedWith('0');
 
-void WriteAnyCell(char* cell, const CellMask& mask, float value) {
+void WriteAny(char* cell, const CellMask& mask, float value) {
   if (!std::isfinite(value)) {
     const std::string text = Module1::align(mask.text, value);
     std::copy(text.begin(), text.end(), cell);

@@ -32,29 +32,40 @@ using FourDigitTable = std::array<FourDigits, 10000>;
 extern const FourDigitTable kBlankPadded;  ///< 0 to 9999, padded with blanks; 0 is all blank
 extern const FourDigitTable kZeroPadded;   ///< 0 to 9999, padded with zeros
 
-/// The way for any value, which need not be common.
-void WriteAnyCell(char* cell, const CellMask& mask, float value);
+/// Values from 0 up to below this are common: their digits are those of the tables.
+inline constexpr float kEndOfCommon = 9999;
 
-/// Writes `value` by `mask`.
-inline void WriteCell(char* cell, const CellMask& mask, float value) {
-  // The bits of Singles from 0 up are in the order of their values, those of all others above them.
-  constexpr auto kTooLarge = std::bit_cast<std::uint32_t>(9999.0F);
-  if (std::bit_cast<std::uint32_t>(value) >= kTooLarge) return WriteAnyCell(cell, mask, value);
+/// The place of a Single among all: in the order of their values from 0 up, all others above them.
+inline std::uint32_t Rank(float value) { return std::bit_cast<std::uint32_t>(value); }
 
+/// A common value in units of the last decimal, `scale` of them to 1.
+inline std::uint32_t InUnits(float value, std::uint32_t scale) {
   // Exact: the 24 bits of a Single times the 10 of 625 fit in a Double, as does the half added.
   // NOLINTNEXTLINE(bugprone-incorrect-roundings): neither negative nor inexact
-  const auto units = static_cast<std::int32_t>(double{value} * mask.scale + 0.5);
-  const auto whole = static_cast<std::uint32_t>(units) / mask.scale;
-  const auto fraction = static_cast<std::uint32_t>(units) % mask.scale;
-  std::memcpy(cell + mask.places - 4, kBlankPadded[whole].data(), 4);
+  return static_cast<std::uint32_t>(static_cast<std::int32_t>(double{value} * scale + 0.5));
+}
+
+/// Writes a number of at most 9999 by a mask without decimals, or before the point of one with.
+inline void WriteWhole(char* cell, const CellMask& mask, std::uint32_t number) {
+  std::memcpy(cell + mask.places - 4, kBlankPadded[number].data(), 4);
+}
+
+/// Writes a value that is cut at its point.
+inline void WriteDigits(char* cell, const CellMask& mask, std::uint32_t whole,
+                        std::uint32_t fraction) {
+  WriteWhole(cell, mask, whole);
   std::memcpy(cell + mask.places + 1, kZeroPadded[fraction].data() + 4 - mask.decimals,
               mask.decimals);
 }
 
-/// Writes `count`, 0 or more, by a mask without decimals.
-inline void WriteCount(char* cell, const CellMask& mask, std::int64_t count) {
-  if (count > 9999) return WriteAnyCell(cell, mask, static_cast<float>(count));
-  std::memcpy(cell + mask.places - 4, kBlankPadded[static_cast<std::size_t>(count)].data(), 4);
+/// Writes any value.
+void WriteAny(char* cell, const CellMask& mask, float value);
+
+/// Writes `value` by `mask`.
+inline void WriteCell(char* cell, const CellMask& mask, float value) {
+  if (Rank(value) >= Rank(kEndOfCommon)) return WriteAny(cell, mask, value);
+  const std::uint32_t units = InUnits(value, mask.scale);
+  WriteDigits(cell, mask, units / mask.scale, units % mask.scale);
 }
 
 /// Writes the last four digits of `number`, 1 or more, which goes through a Single as all values

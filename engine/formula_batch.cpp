@@ -1,31 +1,76 @@
 #include "engine/formula_batch.h"
 
+#include "engine/cell_writer.h"
+#include "engine/row_layout.h"
+
 namespace peakwright {
+namespace {
 
-FormulaBatch::FormulaBatch(const Elements& elements, const AdditionalTotals& totals)
-    : carbon_(elements, kC),
-      hydrogen_(elements, kH),
-      nitrogen_(elements, kN),
-      oxygen_(elements, kO),
-      totals_(totals) {}
+template <typename T>
+using Each = FormulaBatch::Each<T>;
 
-const FormulaBatch::Formulas& FormulaBatch::WorkOut() {
-  const Atom carbon = carbon_;
-  const Atom hydrogen = hydrogen_;
-  const Atom nitrogen = nitrogen_;
-  const Atom oxygen = oxygen_;
-  const AdditionalTotals totals = totals_;
-  // A fixed number of rounds, whatever the size, is what a compiler takes several at a time.
-  for (std::size_t i = 0; i < kCapacity; ++i) {
-    const RowValues values = SumTerms(carbon.Terms(atomsC_[i]), hydrogen.Terms(atomsH_[i]),
-                                      nitrogen.Terms(atomsN_[i]), oxygen.Terms(atomsO_[i]), totals);
-    formulas_.exact[i] = values.exact;
-    formulas_.m1[i] = values.m1;
-    formulas_.m2[i] = values.m2;
-    formulas_.rdb[i] = Rdb(carbon.SpareBonds(atomsC_[i]), hydrogen.SpareBonds(atomsH_[i]),
-                           nitrogen.SpareBonds(atomsN_[i]), totals);
+bool AreCommon(const Each<float>& values, std::size_t lanes) {
+  std::uint32_t highest = 0;
+  for (std::size_t i = 0; i < lanes; ++i) highest = std::max(highest, Rank(values[i]));
+  return highest < Rank(kEndOfCommon);
+}
+
+template <std::uint32_t kScale>
+void Split(const Each<float>& values, std::size_t lanes, FormulaBatch::Column& column) {
+  for (std::size_t i = 0; i < lanes; ++i) {
+    const std::uint32_t units = InUnits(values[i], kScale);
+    column.whole[i] = units / kScale;
+    column.fraction[i] = units % kScale;
   }
-  return formulas_;
+}
+
+}  // namespace
+
+bool FormulaBatch::WorkOut(const UnitMasses& givenMasses, const Sums& givenSums) {
+  // Copies, as the arrays might overlap what a reference refers to.
+  const UnitMasses masses = givenMasses;
+  const Sums sums = givenSums;
+
+  // Whole groups of lanes: those behind the last formula repeat it.
+  constexpr std::size_t kGroup = 8;
+  const std::size_t lanes = (size + kGroup - 1) / kGroup * kGroup;
+  std::fill(o.begin() + size, o.begin() + lanes, o[size - 1]);
+  std::fill(n.begin() + size, n.begin() + lanes, n[size - 1]);
+
+  const double atomsC = c;
+  const double afterC = masses.AfterC(atomsC);
+  Each<double> atomsO;
+  Each<double> atomsN;
+  Each<double> atomsH;
+  for (std::size_t i = 0; i < lanes; ++i) {
+    atomsO[i] = o[i];
+    atomsN[i] = n[i];
+    h[i] = static_cast<std::int32_t>(masses.AfterN(masses.AfterO(afterC, atomsO[i]), atomsN[i]));
+    atomsH[i] = h[i];
+  }
+
+  Each<float> exact;
+  Each<float> m1;
+  Each<float> m2;
+  for (std::size_t i = 0; i < lanes; ++i) rdb[i] = sums.Rdb(atomsC, atomsH[i], atomsN[i]);
+  for (std::size_t i = 0; i < lanes; ++i) {
+    exact[i] = sums.ExactMass(atomsC, atomsH[i], atomsN[i], atomsO[i]);
+  }
+  for (std::size_t i = 0; i < lanes; ++i) {
+    m1[i] = sums.M1(atomsC, atomsH[i], atomsN[i], atomsO[i]);
+  }
+  for (std::size_t i = 0; i < lanes; ++i) {
+    m2[i] = sums.M2(m1[i], atomsC, atomsH[i], atomsN[i], atomsO[i]);
+  }
+
+  for (const Each<float>* values : {&exact, &m1, &m2, &rdb}) {
+    if (!AreCommon(*values, lanes)) return false;
+  }
+  Split<kExactMask.scale>(exact, lanes, exactDigits);
+  Split<kPeakMask.scale>(m1, lanes, m1Digits);
+  Split<kPeakMask.scale>(m2, lanes, m2Digits);
+  Split<kRdbMask.scale>(rdb, lanes, rdbDigits);
+  return true;
 }
 
 }  // namespace peakwright

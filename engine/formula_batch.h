@@ -1,69 +1,55 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
 
-#include "engine/elements.h"
 #include "engine/sums.h"
+#include "engine/unit_masses.h"
 
 namespace peakwright {
 
-/// Formulas that are worked out together: one array for each number of a formula, so that the
-/// compiler can take several formulas at a time.
-class FormulaBatch {
- public:
-  static constexpr std::size_t kCapacity = 64;
+/// Formulas of one number of C that are worked out together: an array for each of their numbers, so
+/// that the compiler can take several formulas at a time.
+struct FormulaBatch {
+  static constexpr std::size_t kCapacity = 128;
 
-  /// The numbers of a formula that its report row shows.
-  struct Formulas {
-    template <typename T>
-    using Each = std::array<T, kCapacity>;
+  template <typename T>
+  using Each = std::array<T, kCapacity>;
 
-    Each<std::int64_t> c, h, n, o;
-    Each<float> exact;  ///< mass of the whole formula, u
-    Each<float> m1;     ///< M+1, percent of M
-    Each<float> m2;     ///< M+2, percent of M
-    Each<float> rdb;    ///< rings and double bonds
+  /// A value of each formula as the digits of its cell.
+  struct Column {
+    Each<std::uint32_t> whole;
+    Each<std::uint32_t> fraction;
   };
 
-  FormulaBatch(const Elements& elements, const AdditionalTotals& totals);
-
-  std::size_t Size() const { return size_; }
-  bool Full() const { return size_ == kCapacity; }
-
-  /// Adds the formula of these counts. The batch must not be full.
-  void Add(std::int64_t c, std::int64_t h, std::int64_t n, std::int64_t o) {
-    formulas_.c[size_] = c;
-    formulas_.h[size_] = h;
-    formulas_.n[size_] = n;
-    formulas_.o[size_] = o;
-    atomsC_[size_] = static_cast<double>(c);
-    atomsH_[size_] = static_cast<double>(h);
-    atomsN_[size_] = static_cast<double>(n);
-    atomsO_[size_] = static_cast<double>(o);
-    ++size_;
+  /// Adds formulas of so many O whose N rises from `firstN`: `count` of them, or as many as there
+  /// is room for. Tells how many.
+  std::int32_t Add(std::int32_t atomsO, std::int32_t firstN, std::int32_t count) {
+    const std::int32_t added = std::min(count, static_cast<std::int32_t>(kCapacity - size));
+    for (std::int32_t i = 0; i < added; ++i, ++size) {
+      o[size] = atomsO;
+      n[size] = firstN + i;
+    }
+    return added;
   }
 
-  /// Works out the sums of all formulas and gives them.
-  const Formulas& WorkOut();
+  /// Works out the numbers below from those above, for a batch that isn't empty. Tells whether all
+  /// values are within the range of a column; if not, there are no columns.
+  bool WorkOut(const UnitMasses& masses, const Sums& sums);
 
-  void Clear() { size_ = 0; }
+  std::int32_t c = 0;
+  std::size_t size = 0;
+  Each<std::int32_t> o{};
+  Each<std::int32_t> n{};
 
- private:
-  using Atoms = std::array<double, kCapacity>;
-
-  Atom carbon_;
-  Atom hydrogen_;
-  Atom nitrogen_;
-  Atom oxygen_;
-  AdditionalTotals totals_;
-  std::size_t size_ = 0;
-  Formulas formulas_{};
-  Atoms atomsC_{};
-  Atoms atomsH_{};
-  Atoms atomsN_{};
-  Atoms atomsO_{};
+  Each<std::int32_t> h{};
+  Each<float> rdb{};
+  Column exactDigits{};  ///< mass of the whole formula, u
+  Column m1Digits{};     ///< M+1, percent of M
+  Column m2Digits{};     ///< M+2, percent of M
+  Column rdbDigits{};    ///< rings and double bonds
 };
 
 }  // namespace peakwright

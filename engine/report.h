@@ -1,35 +1,30 @@
 #pragma once
 
-#include <cstdint>
+#include <cstddef>
 #include <string>
 
-#include "engine/elements.h"
-#include "engine/formula_batch.h"
+#include "engine/row_writer.h"
+#include "engine/search.h"
 
 namespace peakwright {
 
-/// One run's report as text of fixed width: heading, separator, and a numbered row for each
-/// formula.
+/// One run's report as text of fixed width: heading, separator, and a numbered row for each formula
+/// that was found. The text is made as it is written; nobody holds the whole of it.
 class Listing {
  public:
-  /// Starts a listing for `remainingMass`, in u, with heading and separator.
-  Listing(const Elements& elements, std::int64_t remainingMass);
+  /// `input` and `found` must outlive the listing.
+  Listing(const SearchInput& input, const Found& found);
 
-  /// Makes room for `rows` rows, so that the text needn't be moved as it grows.
-  void Reserve(std::int64_t rows);
+  /// Length of the text in bytes.
+  std::size_t Length() const;
 
-  /// Appends the rows of the formulas that are valid: those whose RDB isn't negative, and is whole
-  /// if the nitrogen rule applies.
-  void AppendValid(FormulaBatch& batch, bool nitrogenRule);
-
-  std::int64_t RowNumber() const { return rowNumber_; }
-  const std::string& Text() const { return text_; }
+  /// Writes the text into `sink`. A piece of it ends with a line.
+  void Write(const TextSink& sink) const;
 
  private:
-  std::string blankRows_;
-  std::size_t rowLength_;
-  std::string text_;
-  std::int64_t rowNumber_ = 0;
+  const SearchInput& input_;
+  const Found& found_;
+  std::string head_;
 };
 
 }  // namespace peakwright

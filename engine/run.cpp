@@ -29,15 +29,14 @@ AdditionalTotals TakeAdditionalAtoms(RunControls& controls, const Elements& elem
 }
 
 void PrintListing(RunControls& controls, const SearchInput& input) {
-  Listing listing(input.elements, input.remainingMass);
-  const SearchResult result = Search(input, listing);
+  const Found found = Search(input);
   if (input.nitrogenRule) controls.Print("Nitrogen rule applied:");
 
   const std::string mass = Str(input.remainingMass);
-  switch (result) {
+  switch (found.result) {
     case SearchResult::kComplete:
-      controls.Print(listing.Text());
-      if (listing.RowNumber() == 0) controls.Print("There are no valid combinations.");
+      controls.Print(Listing(input, found));
+      if (found.rows == 0) controls.Print("There are no valid combinations.");
       break;
     case SearchResult::kTooManyRows:
       controls.Print("There are more valid combinations for mass " + mass + " than the limit of " +

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "engine/element_table.h"
+#include "engine/report.h"
 #include "engine/search.h"
 
 namespace peakwright {
@@ -32,6 +33,8 @@ class RunControls {
 
   /// Writes `text`, then a line end of its own, into the results.
   virtual void Print(std::string_view text) = 0;
+  /// Likewise with the text of a listing.
+  virtual void Print(const Listing& listing) = 0;
 };
 
 namespace Module1 {

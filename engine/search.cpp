@@ -1,14 +1,58 @@
 #include "engine/search.h"
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
 
-#include "engine/formula_batch.h"
 #include "engine/number_text.h"
+#include "engine/unit_masses.h"
 
 namespace peakwright {
 namespace {
+
+/// Numbers of N; none if `last` is below `first`.
+struct Range {
+  std::int64_t first;
+  std::int64_t last;
+
+  std::int64_t Size() const { return std::max<std::int64_t>(last - first, -1) + 1; }
+};
+
+/// The formulas of one number of C and one of O, each known by its number of N.
+class Candidates {
+ public:
+  Candidates(const UnitMasses& masses, const Sums& sums, double c, double afterO)
+      : masses_(masses), sums_(sums), c_(c), afterO_(afterO) {}
+
+  std::int64_t H(std::int64_t n) const {
+    return Truncate(masses_.AfterN(afterO_, static_cast<double>(n)));
+  }
+
+  float Rdb(std::int64_t n) const {
+    return sums_.Rdb(c_, static_cast<double>(H(n)), static_cast<double>(n));
+  }
+
+  /// Lowers the ends of `range` to the last N that leaves mass for H and to the first from which
+  /// all are valid; in at most `steps` steps, of which it tells how many are left.
+  std::int64_t Lower(Range& range, std::int64_t steps) const {
+    for (; steps > 0 && H(range.last) < 0; --steps) --range.last;
+    for (; steps > 0 && range.first > 0 && Rdb(range.first - 1) >= 0; --steps) --range.first;
+    return steps;
+  }
+
+  std::int64_t CountValid(Range range, bool nitrogenRule) const {
+    std::int64_t count = 0;
+    for (std::int64_t n = range.first; n <= range.last; ++n) {
+      if (IsValid(Rdb(n), nitrogenRule)) ++count;
+    }
+    return count;
+  }
+
+ private:
+  const UnitMasses& masses_;
+  const Sums& sums_;
+  double c_;
+  double afterO_;
+};
 
 /// How many atoms of `unitMass` the mass has room for. Stays below the end of Int64, so that a
 /// loop can count one further.
@@ -16,77 +60,56 @@ std::int64_t MaxCount(double mass, double unitMass) {
   return std::min(Truncate(mass / unitMass), std::numeric_limits<std::int64_t>::max() - 1);
 }
 
-/// Whether, other counts being equal, a formula with more N, and so less H, never has less RDB.
-bool RdbRisesWithN(const Elements& elements) {
-  const float h = elements.valence[kH];
-  const float n = elements.valence[kN];
-  return h <= 2 && n >= 2 && std::isfinite(h) && std::isfinite(n);
+/// Whether an atom of C, O or N more, and so much less H, never takes from RDB.
+bool RdbNeverFalls(const Elements& elements) {
+  return elements.valence[kC] >= 2 && elements.valence[kN] >= 2 && elements.valence[kH] <= 2;
 }
 
-/// Rows to make room for: the formulas fill about a sixth of the box of their counts, or less.
-std::int64_t ExpectedRows(double maxC, double maxO, double maxN, std::int64_t limit) {
-  return std::min(Truncate((maxC + 1) * (maxO + 1) * (maxN + 1) / 6), limit);
+/// Pairs of C and O to make room for: about half of the box of their counts leave mass for H.
+std::size_t ExpectedPairs(std::int64_t maxC, std::int64_t maxO, std::int64_t limit) {
+  const double pairs = (static_cast<double>(maxC) + 2) * (static_cast<double>(maxO) + 2) / 2;
+  return static_cast<std::size_t>(std::min(Truncate(pairs), limit));
 }
 
 }  // namespace
 
-SearchResult Search(const SearchInput& input, Listing& listing) {
-  const Elements& elements = input.elements;
-  const auto mass = static_cast<double>(input.remainingMass);
-  const double massC = elements.unitMass[kC];
-  const double massN = elements.unitMass[kN];
-  const double massO = elements.unitMass[kO];
-  if (massC <= 0 || massN <= 0 || massO <= 0) return SearchResult::kComplete;
-  const std::int64_t maxC = MaxCount(mass, massC);
-  const std::int64_t maxO = MaxCount(mass, massO);
-  const std::int64_t maxN = MaxCount(mass, massN);
-  listing.Reserve(ExpectedRows(static_cast<double>(maxC), static_cast<double>(maxO),
-                               static_cast<double>(maxN), input.limits.rows));
+Found Search(const SearchInput& input) {
+  Found found;
+  const UnitMasses masses(input.elements, input.remainingMass);
+  if (masses.ofC <= 0 || masses.ofO <= 0 || masses.ofN <= 0) return found;
+  const std::int64_t maxC = MaxCount(masses.total, masses.ofC);
+  const std::int64_t maxO = MaxCount(masses.total, masses.ofO);
+  const std::int64_t maxN = MaxCount(masses.total, masses.ofN);
+  found.series.reserve(ExpectedPairs(maxC, maxO, input.limits.rows));
 
-  const Atom carbon(elements, kC);
-  const Atom hydrogen(elements, kH);
-  const Atom nitrogen(elements, kN);
-  FormulaBatch batch(elements, input.totals);
-  const std::int64_t passLimit = input.limits.passes;
-  std::int64_t passes = 0;
-  std::int64_t firstOfC = RdbRisesWithN(elements) ? maxN : 0;
+  const Sums sums(input.elements, input.totals);
+  const bool rdbNeverFalls = RdbNeverFalls(input.elements);
+  std::int64_t passesLeft = input.limits.passes;
+  Range ofC = {rdbNeverFalls ? maxN + 1 : 0, maxN};
   for (std::int64_t c = 0; c <= maxC; ++c) {
-    const double afterC = mass - massC * static_cast<double>(c);
+    const double afterC = masses.AfterC(static_cast<double>(c));
     if (!(afterC >= 0)) break;
-    const double bondsC = carbon.SpareBonds(static_cast<double>(c));
-    std::int64_t firstN = firstOfC;
+    Range range = ofC;
     for (std::int64_t o = 0; o <= maxO; ++o) {
-      const double afterO = afterC - massO * static_cast<double>(o);
+      const double afterO = masses.AfterO(afterC, static_cast<double>(o));
       if (!(afterO >= 0)) break;
-      if (++passes > passLimit) return SearchResult::kTooManyPasses;
-      const auto countH = [&](std::int64_t n) {
-        return Truncate(afterO - massN * static_cast<double>(n));
-      };
-      const auto isValid = [&](std::int64_t n) {
-        return Rdb(bondsC, hydrogen.SpareBonds(static_cast<double>(countH(n))),
-                   nitrogen.SpareBonds(static_cast<double>(n)), input.totals) >= 0;
-      };
-      // Where RDB rises with N, all numbers below an invalid one are invalid too.
-      while (firstN > 0 && isValid(firstN - 1)) {
-        --firstN;
-        if (++passes > passLimit) return SearchResult::kTooManyPasses;
-      }
-      if (o == 0) firstOfC = firstN;
-      for (std::int64_t n = firstN; n <= maxN; ++n) {
-        if (++passes > passLimit) return SearchResult::kTooManyPasses;
-        const std::int64_t h = countH(n);
-        if (h < 0) break;
-        batch.Add(c, h, n, o);
-        if (batch.Full()) {
-          listing.AppendValid(batch, input.nitrogenRule);
-          if (listing.RowNumber() > input.limits.rows) return SearchResult::kTooManyRows;
-        }
-      }
+      // The more C or O, the less N has room, and the less N is needed for a valid formula.
+      const Candidates candidates(masses, sums, static_cast<double>(c), afterO);
+      passesLeft = candidates.Lower(range, passesLeft);
+      if (o == 0) ofC = range;
+      const std::int64_t tried = range.Size();
+      if (tried >= passesLeft) return {SearchResult::kTooManyPasses, 0, {}};
+      passesLeft -= 1 + tried;
+
+      const bool allValid = rdbNeverFalls && !input.nitrogenRule;
+      const std::int64_t valid =
+          allValid ? tried : candidates.CountValid(range, input.nitrogenRule);
+      found.rows += valid;
+      if (found.rows > input.limits.rows) return {SearchResult::kTooManyRows, 0, {}};
+      if (valid > 0) found.series.push_back({c, o, range.first, range.last});
     }
   }
-  listing.AppendValid(batch, input.nitrogenRule);
-  return listing.RowNumber() > input.limits.rows ? SearchResult::kTooManyRows
-                                                 : SearchResult::kComplete;
+  return found;
 }
 
 }  // namespace peakwright

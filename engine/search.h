@@ -1,16 +1,16 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "engine/elements.h"
-#include "engine/report.h"
 #include "engine/sums.h"
 
 namespace peakwright {
 
 /// How far a search may go.
 struct SearchLimits {
-  std::int64_t rows = 2'000'000;     ///< rows of the listing
+  std::int64_t rows = 2'000'000;     ///< valid formulas
   std::int64_t passes = 20'000'000;  ///< pairs of C and O, and numbers of N, that are tried
 };
 
@@ -23,12 +23,27 @@ struct SearchInput {
   SearchLimits limits;
 };
 
+/// The formulas of one number of C and one of O, with each number of N from `firstN` to `lastN`;
+/// H makes up the rest of the mass.
+struct FormulaSeries {
+  std::int64_t c;
+  std::int64_t o;
+  std::int64_t firstN;
+  std::int64_t lastN;
+};
+
 enum class SearchResult { kComplete, kTooManyRows, kTooManyPasses };
 
-/// Appends a row to `listing` for every formula of C, H, N and O that makes up the remaining mass
-/// in unit masses and is valid: by rising C, then O, then N. A unit mass of 0 or below for C, N or
-/// O allows none; that of H counts as 1 whatever the table says. Where the result isn't kComplete,
-/// the listing isn't either.
-SearchResult Search(const SearchInput& input, Listing& listing);
+/// What a search found.
+struct Found {
+  SearchResult result = SearchResult::kComplete;
+  std::int64_t rows = 0;              ///< number of valid formulas
+  std::vector<FormulaSeries> series;  ///< in which they are, by rising C, then O
+};
+
+/// Finds the formulas of C, H, N and O that make up the remaining mass in unit masses and are
+/// valid. A unit mass of 0 or below for C, N or O allows none. Where the result isn't kComplete, a
+/// limit was passed and the rest is of no use.
+Found Search(const SearchInput& input);
 
 }  // namespace peakwright

@@ -9,15 +9,7 @@
 /// that every digit of the report is the same everywhere.
 namespace peakwright {
 
-/// What the atoms of one element add to the sums of a formula.
-struct AtomTerms {
-  double exact;      ///< u
-  double m1;         ///< percent of M
-  double m1Squares;  ///< sum of the squares of the atoms' M+1 percents
-  double m2;         ///< percent of M
-};
-
-/// One element's numbers, widened to Double.
+/// One element's numbers, widened to Double, and what `count` of its atoms add to the sums.
 class Atom {
  public:
   Atom(const Elements& elements, std::size_t index)
@@ -26,10 +18,10 @@ class Atom {
         peakM1_(elements.peakM1[index]),
         peakM2_(elements.peakM2[index]) {}
 
-  AtomTerms Terms(double count) const {
-    const double m1 = peakM1_ * count;
-    return {exactMass_ * count, m1, peakM1_ * m1, peakM2_ * count};
-  }
+  double ExactMass(double count) const { return exactMass_ * count; }           ///< u
+  double M1(double count) const { return peakM1_ * count; }                     ///< percent
+  double M1Squares(double count) const { return peakM1_ * (peakM1_ * count); }  ///< of each atom
+  double M2(double count) const { return peakM2_ * count; }                     ///< percent
 
   /// Bonds beyond the two that keep a chain going: twice what the atoms add to RDB.
   double SpareBonds(double count) const { return (valence_ - 2) * count; }
@@ -55,36 +47,61 @@ struct AdditionalTotals {
   float addedRdb = 0;
 };
 
-/// The computed values of a report row beside RDB.
-struct RowValues {
-  float exact;  ///< mass of the whole formula, u
-  float m1;     ///< M+1, percent of M
-  float m2;     ///< M+2, percent of M
-};
-
-/// Rings and double bonds, from the spare bonds of C, H and N; O, with two bonds, has none.
-inline float Rdb(double c, double h, double n, const AdditionalTotals& totals) {
-  return static_cast<float>((((c + h) + n) / 2 + 1) + totals.addedRdb);
-}
-
 /// Whether a formula of this RDB is valid: not negative, and whole if the nitrogen rule applies.
 inline bool IsValid(float rdb, bool nitrogenRule) {
   return rdb >= 0 && (!nitrogenRule || rdb - std::trunc(rdb) == 0);
 }
 
-/// The values of the formula that the four elements and the additional atoms make up.
-inline RowValues SumTerms(const AtomTerms& c, const AtomTerms& h, const AtomTerms& n,
-                          const AtomTerms& o, const AdditionalTotals& totals) {
-  const auto exact =
-      static_cast<float>((((c.exact + h.exact) + n.exact) + o.exact) + totals.addedExact);
-  const auto m1 = static_cast<float>((((c.m1 + h.m1) + n.m1) + o.m1) + totals.addedM1);
-  const auto squares = static_cast<float>(
-      (((c.m1Squares + h.m1Squares) + n.m1Squares) + o.m1Squares) + totals.addedM1Squares);
-  // The pairs of different atoms that are one mass unit heavier each; m1 * m1 is worked in Single.
-  const float m1Squared = m1 * m1;
-  const double pairs = (double{m1Squared} / 100 - double{squares} / 100) / 2;
-  const auto m2 = static_cast<float>(((((pairs + c.m2) + h.m2) + n.m2) + o.m2) + totals.addedM2);
-  return {exact, m1, m2};
-}
+/// The sums of the formulas of one run, each of so many C, H, N and O and the additional atoms.
+class Sums {
+ public:
+  Sums(const Elements& elements, const AdditionalTotals& totals)
+      : carbon_(elements, kC),
+        hydrogen_(elements, kH),
+        nitrogen_(elements, kN),
+        oxygen_(elements, kO),
+        totals_(totals) {}
+
+  /// Rings and double bonds. O, with two bonds, changes nothing.
+  float Rdb(double c, double h, double n) const {
+    const double spare =
+        (carbon_.SpareBonds(c) + hydrogen_.SpareBonds(h)) + nitrogen_.SpareBonds(n);
+    return static_cast<float>((spare / 2 + 1) + totals_.addedRdb);
+  }
+
+  /// Mass of the whole formula, u.
+  float ExactMass(double c, double h, double n, double o) const {
+    return Sum(carbon_.ExactMass(c), hydrogen_.ExactMass(h), nitrogen_.ExactMass(n),
+               oxygen_.ExactMass(o), totals_.addedExact);
+  }
+
+  /// M+1, percent of M.
+  float M1(double c, double h, double n, double o) const {
+    return Sum(carbon_.M1(c), hydrogen_.M1(h), nitrogen_.M1(n), oxygen_.M1(o), totals_.addedM1);
+  }
+
+  /// M+2, percent of M, of a formula whose M+1 is `m1`.
+  float M2(float m1, double c, double h, double n, double o) const {
+    const float squares = Sum(carbon_.M1Squares(c), hydrogen_.M1Squares(h), nitrogen_.M1Squares(n),
+                              oxygen_.M1Squares(o), totals_.addedM1Squares);
+    // The pairs of different atoms that are one mass unit heavier each; m1 * m1 is worked in
+    // Single.
+    const float m1Squared = m1 * m1;
+    const double pairs = (double{m1Squared} / 100 - double{squares} / 100) / 2;
+    return Sum(pairs + carbon_.M2(c), hydrogen_.M2(h), nitrogen_.M2(n), oxygen_.M2(o),
+               totals_.addedM2);
+  }
+
+ private:
+  static float Sum(double c, double h, double n, double o, float added) {
+    return static_cast<float>((((c + h) + n) + o) + added);
+  }
+
+  Atom carbon_;
+  Atom hydrogen_;
+  Atom nitrogen_;
+  Atom oxygen_;
+  AdditionalTotals totals_;
+};
 
 }  // namespace peakwright

@@ -18,6 +18,7 @@ class WindowControls : public RunControls {
   std::string CountText(int index) override { return Window1::Instance().textfield1(index).Text(); }
   bool NitrogenRule() override { return TextWindow::Instance().checkbox1.Value(); }
   void Print(std::string_view text) override { Module1::Print(text); }
+  void Print(const Listing& listing) override { Module1::Print(listing); }
 };
 
 }  // namespace
@@ -25,6 +26,12 @@ class WindowControls : public RunControls {
 void Module1::Print(std::string_view text) {
   DesktopTextArea& results = TextWindow::Instance().textfield2;
   results.SelectedText(text);
+  results.SelectedText("\r");
+}
+
+void Module1::Print(const Listing& listing) {
+  DesktopTextArea& results = TextWindow::Instance().textfield2;
+  results.SelectedText(listing.Length(), [&listing](const TextSink& sink) { listing.Write(sink); });
   results.SelectedText("\r");
 }
 

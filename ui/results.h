@@ -5,11 +5,14 @@
 /// The ways to write into the results area of the main window.
 namespace peakwright {
 
+class Listing;
+
 namespace Module1 {
 
 /// Writes `text` and a carriage return at the insertion point of the results, in the place of what
 /// is selected there. All text of the program reaches the results through this.
 void Print(std::string_view text);
+void Print(const Listing& listing);
 
 /// One run on what stands in the windows' controls.
 void calculate();

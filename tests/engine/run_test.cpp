@@ -1,5 +1,8 @@
 #include "engine/run.h"
 
+#include <string>
+#include <vector>
+
 #include <gtest/gtest.h>
 
 #include "engine/global_strings.h"
@@ -23,6 +26,26 @@ class RunTest : public testing::Test {
   void Count(int index, const std::string& text) {
     controls_.additionalElements = true;
     controls_.counts.at(static_cast<std::size_t>(index)) = text;
+  }
+
+  struct Edit {
+    int row, column;
+    const char* text;
+  };
+  void ExpectLiteralRun(const std::string& mass, const std::vector<Edit>& edits) {
+    std::string trace = "Mass " + mass;
+    controls_.table = ElementTable();
+    for (const Edit& edit : edits) {
+      controls_.table.CellTextAt(edit.row, edit.column, edit.text);
+      trace += ", cell " + std::to_string(edit.row) + " " + std::to_string(edit.column) + " is " +
+               edit.text;
+    }
+    SCOPED_TRACE(trace);
+    controls_.mass = mass;
+    controls_.results.clear();
+    PlainControls expected = controls_;
+    ASSERT_TRUE(LiteralRun(expected, 1'000'000));
+    EXPECT_TRUE(Run(mass) == expected.results) << controls_.results.substr(0, 1000);
   }
 
   PlainControls controls_;
@@ -95,33 +118,34 @@ TEST_F(RunTest, CountsToTheEndOfInt64) {
 // Cells of opposite size lose what is added at another time; the first edit takes from RDB its
 // rising with N.
 TEST_F(RunTest, AgreesWithTheLiteralRunOnEditedCells) {
-  struct Case {
-    const char* mass;
-    int firstRow;
-    const char* first;
-    int secondRow;
-    const char* second;
-  };
-  for (const Case& edit : {Case{"58", 1, "2", 2, "1"}, Case{"27", 0, "1e20", 1, "-1e20"},
-                           Case{"100", 0, "1e20", 2, "-1e20"}}) {
-    for (const int column : {2, 3, 4, 5}) {
-      controls_ = PlainControls();
-      controls_.table.CellTextAt(edit.firstRow, column, edit.first);
-      controls_.table.CellTextAt(edit.secondRow, column, edit.second);
-      controls_.mass = edit.mass;
-      PlainControls expected = controls_;
-      ASSERT_TRUE(LiteralRun(expected, 1'000'000));
-      EXPECT_EQ(Run(edit.mass), expected.results) << "column " << column;
-    }
+  for (const int column : {2, 3, 4, 5}) {
+    ExpectLiteralRun("58", {{1, column, "2"}, {2, column, "1"}});
+    ExpectLiteralRun("27", {{0, column, "1e20"}, {1, column, "-1e20"}});
+    ExpectLiteralRun("100", {{0, column, "1e20"}, {2, column, "-1e20"}});
   }
+  for (const char* valence : {"-1e39", "1e39"}) {
+    for (const int row : {0, 1, 2}) ExpectLiteralRun("100", {{row, 3, valence}});
+  }
+  ExpectLiteralRun("100", {{0, 3, "1"}, {1, 3, "2"}});
+  Count(7, "60");  // of X, which takes 30 from RDB
+  ExpectLiteralRun("100", {{11, 3, "1"}, {1, 3, "3"}});
 }
 
-TEST_F(RunTest, AgreesWithTheLiteralRunOnALongListing) {
-  Count(1, "-3");
-  controls_.mass = "1000";
-  PlainControls expected = controls_;
-  ASSERT_TRUE(LiteralRun(expected, 1'000'000));
-  EXPECT_EQ(Run("1000"), expected.results);
+// Values that grow out of their cells, or fall below 0, in some of the rows.
+TEST_F(RunTest, AgreesWithTheLiteralRunOnLongListings) {
+  ExpectLiteralRun("700", {});
+  controls_.nitrogenRule = true;
+  ExpectLiteralRun("700", {});
+  ExpectLiteralRun("700", {{3, 2, "3e38"}});
+  ExpectLiteralRun("700", {{1, 2, "-9.5"}});
+}
+
+TEST_F(RunTest, AgreesWithTheLiteralRunOnManyAtoms) {
+  ExpectLiteralRun("20050", {{0, 1, "1000"}, {3, 1, "15000"}, {2, 1, "6000"}, {1, 3, "2"}});
+  ExpectLiteralRun("6000", {{0, 1, "4000"}, {3, 1, "5000"}, {2, 1, ".5"}, {1, 3, "2"}});
+  ExpectLiteralRun(
+      "6000",
+      {{0, 1, "4000"}, {3, 1, "5000"}, {2, 1, ".5"}, {2, 2, "0"}, {2, 4, "0"}, {1, 3, "2"}});
 }
 
 }  // namespace

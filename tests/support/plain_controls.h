@@ -16,6 +16,12 @@ struct PlainControls : RunControls {
   std::string CountText(int index) override { return counts.at(static_cast<std::size_t>(index)); }
   bool NitrogenRule() override { return nitrogenRule; }
   void Print(std::string_view text) override { results.append(text).append("\r"); }
+  void Print(const Listing& listing) override {
+    const std::size_t start = results.size();
+    listing.Write([this](std::string_view piece) { results.append(piece); });
+    const bool asTold = results.size() - start == listing.Length();
+    Print(asTold ? "" : "The listing hasn't the length that it told.");
+  }
 
   ElementTable table;
   std::string mass;

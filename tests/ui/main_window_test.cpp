@@ -9,7 +9,9 @@
 #include <QTimer>
 #include <gtest/gtest.h>
 
+#include "engine/run.h"
 #include "tests/support/listing_58.h"
+#include "tests/support/plain_controls.h"
 #include "tests/support/program.h"
 
 namespace peakwright {
@@ -31,6 +33,21 @@ TEST(MainWindow, ListsAMassTypedAndReturned) {
   EXPECT_EQ(main.textfield1.Text(), "0");
   EXPECT_EQ(program.Results(),
             start + kListing58 + "Insufficient mass remaining for C, H, N, or O.\r\r");
+}
+
+TEST(MainWindow, ListsThousandsOfRows) {
+  Program program;
+  TextWindow& main = program.Main();
+  const std::string start = program.Results();
+  PlainControls expected;
+  expected.mass = "700";
+  Module1::calculate(expected);
+  Program::Type(main.textfield1, "700");
+  Program::Key(main.textfield1, Qt::Key_Return);
+  EXPECT_EQ(program.Results(), start + expected.results);
+  Program::Focus(main.textfield2);
+  QTest::keyClick(main.textfield2.Native(), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(program.Results(), start);
 }
 
 TEST(MainWindow, ReturnRunsAndEscapeClearsFromEveryControl) {

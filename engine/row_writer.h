@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "engine/formula_batch.h"
+#include "engine/search.h"
+#include "engine/sums.h"
+#include "engine/unit_masses.h"
+
+namespace peakwright {
+
+/// Takes a text, piece by piece.
+using TextSink = std::function<void(std::string_view)>;
+
+/// Writes the numbered rows of formulas and hands them to a sink, many at a time.
+class RowWriter {
+ public:
+  /// For about `rows` rows. `sink` must outlive the writer.
+  RowWriter(const SearchInput& input, std::int64_t rows, const TextSink& sink);
+
+  /// Length of a row in bytes.
+  static std::size_t RowLength();
+
+  /// Writes a row for each formula of the series that is valid.
+  void Append(const FormulaSeries& series);
+
+  /// Hands over the last rows.
+  void Finish();
+
+ private:
+  void AppendBatch();
+  void AppendCommon();
+  void AppendAny(std::int64_t countC, std::int64_t countO, std::int64_t countN);
+  void MakeRoom(std::size_t rows);
+  void HandOver();
+  void Blank();
+
+  UnitMasses masses_;
+  Sums sums_;
+  bool nitrogenRule_;
+  const TextSink& sink_;
+  std::size_t rowLength_;
+  FormulaBatch batch_;
+  std::int64_t rowNumber_ = 0;
+  std::string block_;     // Rows that lack only their digits.
+  char* row_ = nullptr;   // The one to write next.
+  bool spoiled_ = false;  // Some row has lost a point or a blank.
+};
+
+}  // namespace peakwright
