@@ -1,7 +1,9 @@
 // A listing into the results area and onto the screen, the way the program does it and with one
 // paragraph a row, and the program's start from its first line to its painted window.
 
-#include <memory>
+#include <cstdint>
+#include <functional>
+#include <iterator>
 #include <string>
 
 #include <benchmark/benchmark.h>
@@ -15,24 +17,17 @@ namespace {
 
 int argumentCount = 0;
 
-// Rows of the listings of masses 100, 1000, 2000 and 5000.
-void Listings(benchmark::internal::Benchmark* bench) {
-  for (const int rows : {28, 13'552, 103'734, 1'578'168}) bench->Arg(rows);
-  bench->Unit(benchmark::kMillisecond);
-}
+constexpr std::int64_t kMasses[] = {100, 1000, 2000, 5000};
+constexpr std::int64_t kRowsOfMasses[] = {28, 13'552, 103'734, 1'578'168};
 
-void InsertAndPaint(benchmark::State& state, char lineEnd) {
+/// Measures `write` and the painting of what it wrote into the program's empty results area.
+void WriteAndPaint(benchmark::State& state, const std::function<void(TextWindow&)>& write) {
   App app(argumentCount, nullptr);
   app.BringUp();
   TextWindow& window = TextWindow::Instance();
   PaintNow(window);
-  std::string listing;
-  for (std::int64_t row = 0; row < state.range(0); ++row) {
-    listing += "   1) 123.4567  1  2  3  4   1.00    .25  1.5";
-    listing += lineEnd;
-  }
   for (auto unused : state) {
-    window.textfield2.SelectedText(listing);
+    write(window);
     PaintNow(window);
     state.PauseTiming();
     window.textfield2.Text("");
@@ -40,16 +35,28 @@ void InsertAndPaint(benchmark::State& state, char lineEnd) {
     window.textfield2.Text("");
     state.ResumeTiming();
   }
-  using benchmark::Counter;
-  state.counters["per_row"] = Counter(static_cast<double>(state.range(0)),
-                                      Counter::kIsIterationInvariantRate | Counter::kInvert);
 }
 
-void BM_RowsOfAListing(benchmark::State& state) { InsertAndPaint(state, '\n'); }
-BENCHMARK(BM_RowsOfAListing)->Apply(Listings);
+void BM_Run(benchmark::State& state) {
+  WriteAndPaint(state, [mass = std::to_string(state.range(0))](TextWindow& window) {
+    window.textfield1.Text(mass);
+    window.Pushbutton1.Press();
+  });
+}
+BENCHMARK(BM_Run)
+    ->Unit(benchmark::kMillisecond)
+    ->ArgsProduct({{std::begin(kMasses), std::end(kMasses)}});
 
-void BM_OneParagraphARow(benchmark::State& state) { InsertAndPaint(state, '\r'); }
-BENCHMARK(BM_OneParagraphARow)->Apply(Listings);
+void BM_OneParagraphARow(benchmark::State& state) {
+  std::string listing;
+  for (std::int64_t row = 0; row < state.range(0); ++row) {
+    listing += "   1) 123.4567  1  2  3  4   1.00    .25  1.5\r";
+  }
+  WriteAndPaint(state, [&listing](TextWindow& window) { window.textfield2.SelectedText(listing); });
+}
+BENCHMARK(BM_OneParagraphARow)
+    ->Unit(benchmark::kMillisecond)
+    ->ArgsProduct({{std::begin(kRowsOfMasses), std::end(kRowsOfMasses)}});
 
 void BM_StartUp(benchmark::State& state) {
   for (auto unused : state) {
