@@ -10,8 +10,8 @@
 
 namespace peakwright {
 
-/// Formulas of one number of C that are worked out together: an array for each of their numbers, so
-/// that the compiler can take several formulas at a time.
+/// Formulas of one number of C, with at most 9999 atoms of each element, that are worked out
+/// together: an array for each of their numbers, so that the compiler can take several at a time.
 struct FormulaBatch {
   static constexpr std::size_t kCapacity = 128;
 
@@ -35,12 +35,12 @@ struct FormulaBatch {
     return added;
   }
 
-  /// Works out the numbers below from those above, for a batch that isn't empty. Tells whether all
-  /// values are within the range of a column; if not, there are no columns.
+  /// Works out the numbers below from those above; the batch must not be empty. Tells whether all
+  /// values are from 0 up to below 9999; if not, there are no digits of them.
   bool WorkOut(const UnitMasses& masses, const Sums& sums);
 
   std::int32_t c = 0;
-  std::size_t size = 0;
+  std::size_t size = 0;  ///< number of formulas
   Each<std::int32_t> o{};
   Each<std::int32_t> n{};
 
