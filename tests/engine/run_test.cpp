@@ -126,8 +126,8 @@ TEST_F(RunTest, AgreesWithTheLiteralRunOnEditedCells) {
   for (const char* valence : {"-1e39", "1e39"}) {
     for (const int row : {0, 1, 2}) ExpectLiteralRun("100", {{row, 3, valence}});
   }
-  ExpectLiteralRun("100", {{0, 3, "1"}, {1, 3, "2"}});
-  Count(7, "60");  // of X, which takes 30 from RDB
+  ExpectLiteralRun("100", {{0, 3, "1"}, {1, 3, "2"}});  // RDB falls with C
+  Count(7, "60");                                       // of X, which takes 30 from RDB
   ExpectLiteralRun("100", {{11, 3, "1"}, {1, 3, "3"}});
 }
 
@@ -140,6 +140,7 @@ TEST_F(RunTest, AgreesWithTheLiteralRunOnLongListings) {
   ExpectLiteralRun("700", {{1, 2, "-9.5"}});
 }
 
+// More than four digits of H, then of N.
 TEST_F(RunTest, AgreesWithTheLiteralRunOnManyAtoms) {
   ExpectLiteralRun("20050", {{0, 1, "1000"}, {3, 1, "15000"}, {2, 1, "6000"}, {1, 3, "2"}});
   ExpectLiteralRun("6000", {{0, 1, "4000"}, {3, 1, "5000"}, {2, 1, ".5"}, {1, 3, "2"}});

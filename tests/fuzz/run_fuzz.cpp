@@ -60,7 +60,7 @@ void Check(const std::uint8_t* data, std::size_t size) {
   Module1::CR = "\n";
   PlainControls controls = MakeControls({data, size});
   PlainControls expected = controls;
-  // A pair of C and O costs the engine no more than twice the passes of the literal run.
+  // The engine takes at most four times the passes of the literal run.
   Module1::calculate(controls, {kPasses, 4 * kPasses});
   if (!LiteralRun(expected, kPasses)) return;
   if (controls.results == expected.results && controls.mass == expected.mass) return;
