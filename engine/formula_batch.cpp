@@ -44,14 +44,13 @@ bool FormulaBatch::WorkOut(const UnitMasses& givenMasses, const Sums& givenSums)
   std::fill(n.begin() + size, n.begin() + lanes, n[size - 1]);
 
   const double atomsC = c;
-  const double afterC = masses.AfterC(atomsC);
   Each<double> atomsO;
   Each<double> atomsN;
   Each<double> atomsH;
   for (std::size_t i = 0; i < lanes; ++i) {
     atomsO[i] = o[i];
     atomsN[i] = n[i];
-    h[i] = static_cast<std::int32_t>(masses.AfterN(masses.AfterO(afterC, atomsO[i]), atomsN[i]));
+    h[i] = static_cast<std::int32_t>(masses.Left(atomsC, atomsO[i], atomsN[i]));
     atomsH[i] = h[i];
   }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <tuple>
 
 #include "engine/cell_writer.h"
 #include "engine/global_strings.h"
@@ -11,7 +12,9 @@
 namespace peakwright {
 namespace {
 
-constexpr std::int64_t kMostAtoms = 9999;      // of one element, in a batch
+// Of one element, in a batch: the last number of the tables.
+constexpr auto kMostAtoms = static_cast<std::int64_t>(std::tuple_size_v<FourDigitTable> - 1);
+
 constexpr std::int64_t kRowsHandedOver = 512;  // few enough to stay in a processor's cache
 
 }  // namespace
@@ -31,9 +34,8 @@ RowWriter::RowWriter(const SearchInput& input, std::int64_t rows, const TextSink
 std::size_t RowWriter::RowLength() { return kBlankRow.size() + Module1::CR.size(); }
 
 void RowWriter::Append(const FormulaSeries& series) {
-  const double afterC = masses_.AfterC(static_cast<double>(series.c));
-  const double afterO = masses_.AfterO(afterC, static_cast<double>(series.o));
-  const double mostH = masses_.AfterN(afterO, static_cast<double>(series.firstN));
+  const double mostH = masses_.Left(static_cast<double>(series.c), static_cast<double>(series.o),
+                                    static_cast<double>(series.firstN));
   if (std::max({series.c, series.o, series.lastN}) > kMostAtoms || !(mostH <= kMostAtoms)) {
     AppendBatch();
     for (std::int64_t n = series.firstN; n <= series.lastN; ++n) AppendAny(series.c, series.o, n);
@@ -44,11 +46,9 @@ void RowWriter::Append(const FormulaSeries& series) {
   const auto o = static_cast<std::int32_t>(series.o);
   if (c != batch_.c) AppendBatch();
   batch_.c = c;
-  auto n = static_cast<std::int32_t>(series.firstN);
-  for (auto left = static_cast<std::int32_t>(series.lastN) - n + 1; left > 0;) {
-    const std::int32_t added = batch_.Add(o, n, left);
-    n += added;
-    left -= added;
+  const auto lastN = static_cast<std::int32_t>(series.lastN);
+  for (auto n = static_cast<std::int32_t>(series.firstN); n <= lastN;) {
+    n += batch_.Add(o, n, lastN - n + 1);
     if (batch_.size == FormulaBatch::kCapacity) AppendBatch();
   }
 }
@@ -103,7 +103,7 @@ void RowWriter::AppendAny(std::int64_t countC, std::int64_t countO, std::int64_t
   const auto c = static_cast<double>(countC);
   const auto o = static_cast<double>(countO);
   const auto n = static_cast<double>(countN);
-  const std::int64_t countH = Truncate(masses_.AfterN(masses_.AfterO(masses_.AfterC(c), o), n));
+  const std::int64_t countH = Truncate(masses_.Left(c, o, n));
   const auto h = static_cast<double>(countH);
   const float rdb = sums_.Rdb(c, h, n);
   if (!IsValid(rdb, nitrogenRule_)) return;

@@ -19,7 +19,7 @@ using TextSink = std::function<void(std::string_view)>;
 /// Writes the numbered rows of formulas and hands them to a sink, many at a time.
 class RowWriter {
  public:
-  /// For about `rows` rows. `sink` must outlive the writer.
+  /// For a listing of `rows` rows. `sink` must outlive the writer.
   RowWriter(const SearchInput& input, std::int64_t rows, const TextSink& sink);
 
   /// Length of a row in bytes.
@@ -48,7 +48,7 @@ class RowWriter {
   std::int64_t rowNumber_ = 0;
   std::string block_;     // Rows that lack only their digits.
   char* row_ = nullptr;   // The one to write next.
-  bool spoiled_ = false;  // Some row has lost a point or a blank.
+  bool spoiled_ = false;  // Some row may have lost a point or a blank.
 };
 
 }  // namespace peakwright

@@ -85,6 +85,7 @@ Found Search(const SearchInput& input) {
   const Sums sums(input.elements, input.totals);
   const bool rdbNeverFalls = RdbNeverFalls(input.elements);
   std::int64_t passesLeft = input.limits.passes;
+  // Where RDB may fall, valid formulas can lie anywhere: there every N is looked at.
   Range ofC = {rdbNeverFalls ? maxN + 1 : 0, maxN};
   for (std::int64_t c = 0; c <= maxC; ++c) {
     const double afterC = masses.AfterC(static_cast<double>(c));

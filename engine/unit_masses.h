@@ -20,6 +20,9 @@ struct UnitMasses {
   double AfterO(double afterC, double o) const { return afterC - ofO * o; }
   double AfterN(double afterO, double n) const { return afterO - ofN * n; }
 
+  /// What is left beside so many atoms of all three.
+  double Left(double c, double o, double n) const { return AfterN(AfterO(AfterC(c), o), n); }
+
   double total;
   double ofC;
   double ofO;
