@@ -212,11 +212,12 @@ void TextAreaView::InsertText(std::string_view text) {
 }
 
 void TextAreaView::InsertText(std::size_t length, const TextPieces& pieces) {
-  if (length + static_cast<std::size_t>(TextLength()) > kMostCharacters) {
+  QTextCursor cursor = textCursor();
+  const int staying = TextLength() - (cursor.selectionEnd() - cursor.selectionStart());
+  if (length + static_cast<std::size_t>(staying) > kMostCharacters) {
     throw std::length_error("The results area is full. Clear it to go on.");
   }
   const int top = verticalScrollBar()->value();
-  QTextCursor cursor = textCursor();
   {
     const EditBlock block(cursor, joinsNext_);
     joinsNext_ = true;

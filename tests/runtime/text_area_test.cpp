@@ -159,6 +159,17 @@ TEST(TextArea, UndoesClearWithoutKeepingEveryFormerText) {
   EXPECT_FALSE(view.CanRedo());
 }
 
+TEST(TextArea, CountsWhatAnInsertionReplacesBeforeItRefuses) {
+  ShownView view;
+  const auto insertsOnly = [](const auto& insert) { insert("new"); };
+  view.InsertText("former");
+  EXPECT_THROW(view.InsertText(1'000'000'000, insertsOnly), std::length_error);
+  EXPECT_EQ(view.Text(), "former");
+  view.selectAll();
+  view.InsertText(1'000'000'000, insertsOnly);
+  EXPECT_EQ(view.Text(), "new");
+}
+
 TEST(TextArea, CopiesAndPastesOrdinaryLines) {
   ShownView view;
   view.InsertText("one\ntwo\rthree");
