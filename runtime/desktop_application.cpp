@@ -3,19 +3,22 @@
 #include <algorithm>
 #include <cassert>
 
-#include <QApplication>
 #include <QIcon>
 #include <QMessageBox>
-#include <QTimer>
+#include <QThread>
 
 #include "runtime/appearance.h"
 #include "runtime/caption_text.h"
 #include "runtime/desktop_menu.h"
+#include "runtime/desktop_window.h"
+#include "runtime/guarded_application.h"
+#include "runtime/held_input.h"
 
 namespace peakwright {
 namespace {
 
 DesktopApplication* current = nullptr;
+int running = 0;  // Handlers and events of the toolkit that are on the stack.
 
 std::string Describe(const std::exception_ptr& caught) {
   try {
@@ -27,19 +30,37 @@ std::string Describe(const std::exception_ptr& caught) {
   }
 }
 
-/// The toolkit's application, which lets no exception through the event loop.
-class GuardedApplication : public QApplication {
- public:
-  using QApplication::QApplication;
+}  // namespace
 
-  bool notify(QObject* receiver, QEvent* event) override {
-    bool handled = false;
-    current->Raise([&] { handled = QApplication::notify(receiver, event); });
-    return handled;
+/// One handler or event of the toolkit, from its call to its return.
+class DesktopApplication::Running {
+ public:
+  Running() { ++running; }
+  Running(const Running&) = delete;
+  Running& operator=(const Running&) = delete;
+  ~Running() {
+    if (--running == 0 && current != nullptr) current->EndReleased();
   }
 };
 
-}  // namespace
+bool GuardedApplication::notify(QObject* receiver, QEvent* event) {
+  // Threads of the toolkit's own come by here too.
+  if (QThread::currentThread() != thread()) return QApplication::notify(receiver, event);
+  const DesktopApplication::Running event_;
+  try {
+    return QApplication::notify(receiver, event);
+  } catch (...) {
+    if (current == nullptr) throw;
+    current->UnhandledException(Describe(std::current_exception()));
+    return false;
+  }
+}
+
+bool GuardedApplication::event(QEvent* event) {
+  // The toolkit would ask each window to close, and take one that stays for an objection.
+  if (event->type() == QEvent::Quit) return QCoreApplication::event(event);
+  return QApplication::event(event);
+}
 
 DesktopApplication::DesktopApplication(int& argc, char** argv,
                                        const ApplicationIdentity& identity) {
@@ -55,14 +76,17 @@ DesktopApplication::DesktopApplication(int& argc, char** argv,
   QGuiApplication::setDesktopFileName(ToQString(identity.Program));
   QGuiApplication::setWindowIcon(QIcon::fromTheme(ToQString(identity.Program)));
   FollowSystemAppearance();
+  input_ = std::make_unique<HeldInput>();
 }
 
 DesktopApplication::~DesktopApplication() {
+  exceptions_.reset();  // Before its parent, the document window.
   ending_.clear();
   // The youngest goes first: floating windows hang on the document window.
   while (!instances_.empty()) instances_.pop_back();
-  toolkit_.reset();
+  input_.reset();
   current = nullptr;
+  toolkit_.reset();
 }
 
 DesktopApplication& DesktopApplication::Current() {
@@ -83,6 +107,7 @@ int DesktopApplication::Run(const std::function<void()>& lateStartup) {
 void DesktopApplication::Quit(int code) { QCoreApplication::exit(code); }
 
 void DesktopApplication::Raise(const std::function<void()>& handler) {
+  const Running call;
   try {
     if (handler) handler();
   } catch (...) {
@@ -90,27 +115,51 @@ void DesktopApplication::Raise(const std::function<void()>& handler) {
   }
 }
 
+void DesktopApplication::RaiseInTurn(QObject& control, std::function<void()> handler) {
+  if (input_->IsHolding()) {
+    input_->Keep(control, [this, kept = std::move(handler)] { Raise(kept); });
+  } else {
+    Raise(handler);
+  }
+}
+
 void DesktopApplication::UnhandledException(const std::string& what) {
-  auto box =
-      std::make_unique<QMessageBox>(QMessageBox::Warning, QApplication::applicationName(),
-                                    QStringLiteral("The last command could not be completed."),
-                                    QMessageBox::Ok, QApplication::activeWindow());
-  box->setTextFormat(Qt::PlainText);
-  box->setInformativeText(QString::fromStdString(what));
-  box->exec();
+  QString text = QString::fromStdString(what);
+  if (exceptions_ == nullptr) {
+    exceptions_ =
+        std::make_unique<QMessageBox>(QMessageBox::Warning, QApplication::applicationName(),
+                                      QStringLiteral("The last command could not be completed."),
+                                      QMessageBox::Ok, DesktopWindow::Document());
+    exceptions_->setTextFormat(Qt::PlainText);
+    exceptions_->setWindowModality(Qt::ApplicationModal);
+  } else if (exceptions_->isVisible()) {
+    const QString shown = exceptions_->informativeText();
+    if (shown.contains(text)) return;
+    text = shown + u'\n' + text;
+  }
+  exceptions_->setInformativeText(text);
+  exceptions_->show();
 }
 
 void DesktopApplication::Release(const ImplicitInstance& instance) {
+  const Running call;
   const auto found = std::find_if(instances_.begin(), instances_.end(), [&](const auto& entry) {
     return entry.second.get() == &instance;
   });
   if (found == instances_.end()) return;
-  // The caller may be one of the instance's own handlers: let it return first.
   ending_.push_back(std::move(found->second));
   instances_.erase(found);
-  QTimer::singleShot(0, QCoreApplication::instance(), [] {
-    if (current != nullptr) current->ending_.clear();
-  });
+}
+
+void DesktopApplication::EndReleased() {
+  if (ending_.empty()) return;
+  // What handed the last event to its receiver may yet look at it.
+  QMetaObject::invokeMethod(
+      input_.get(),
+      [this] {
+        if (running <= 1) ending_.clear();  // This call is an event, too.
+      },
+      Qt::QueuedConnection);
 }
 
 ImplicitInstance* DesktopApplication::Find(std::type_index type) const {

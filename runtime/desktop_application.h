@@ -10,10 +10,13 @@
 #include <vector>
 
 class QApplication;
+class QMessageBox;
+class QObject;
 
 namespace peakwright {
 
 class DesktopMenuBar;
+class HeldInput;
 
 /// An object of which the application keeps one, made at the first reference to it.
 class ImplicitInstance {
@@ -53,6 +56,11 @@ class DesktopApplication {
 
   /// Calls an event handler. What it throws is shown to the user, and the program goes on.
   void Raise(const std::function<void()>& handler);
+  /// Calls the handler of something that the user did to `control`: at once, or in its turn after
+  /// the program has waited, if the control still exists then.
+  void RaiseInTurn(QObject& control, std::function<void()> handler);
+
+  HeldInput& Input() { return *input_; }
 
   /// The one `Instance`, made and opened at the first call.
   template <class Instance>
@@ -66,21 +74,28 @@ class DesktopApplication {
     return instance;
   }
 
-  /// Gives up an instance: no reference finds it any more, and it ends once its handlers are done.
+  /// Gives up an instance: no reference finds it any more, and it ends when the last handler and
+  /// the last event of the toolkit that are under way have returned.
   void Release(const ImplicitInstance& instance);
 
  protected:
   virtual void Event_Opening() {}
-  /// Shows the text of an exception that no handler took. A test may listen in instead.
+  /// Shows the text of an exception that no handler took, and returns at once. A test may listen
+  /// in instead.
   virtual void UnhandledException(const std::string& what);
 
  private:
+  friend class GuardedApplication;
+  class Running;
+
   ImplicitInstance* Find(std::type_index type) const;
+  void EndReleased();
 
   std::unique_ptr<QApplication> toolkit_;  // Empty where the process has one already.
+  std::unique_ptr<HeldInput> input_;
+  std::unique_ptr<QMessageBox> exceptions_;  // The box that shows them, once there was one.
   std::vector<std::pair<std::type_index, std::unique_ptr<ImplicitInstance>>> instances_;
-  std::vector<std::unique_ptr<ImplicitInstance>>
-      ending_;  // Released, their handlers still running.
+  std::vector<std::unique_ptr<ImplicitInstance>> ending_;  // Released, maybe under way still.
   DesktopMenuBar* menuBar_ = nullptr;
 };
 

@@ -13,7 +13,7 @@ DesktopButton::DesktopButton(DesktopWindow& window, const ControlLayout& layout)
   auto& button = static_cast<QPushButton&>(*Native());
   Caption(layout.Text);
   QObject::connect(&button, &QPushButton::clicked,
-                   [this] { DesktopApplication::Current().Raise(Pressed); });
+                   [this] { DesktopApplication::Current().RaiseInTurn(*Native(), Pressed); });
   if (layout.Default) {
     button.setDefault(true);
     window.DefaultButton(button);

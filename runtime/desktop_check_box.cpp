@@ -10,7 +10,7 @@ namespace peakwright {
 DesktopCheckBox::DesktopCheckBox(DesktopWindow& window, const ControlLayout& layout)
     : DesktopUIControl(window, std::make_unique<QCheckBox>(ToCaption(layout.Text)), layout) {
   QObject::connect(static_cast<QCheckBox*>(Native()), &QCheckBox::toggled,
-                   [this] { DesktopApplication::Current().Raise(ValueChanged); });
+                   [this] { DesktopApplication::Current().RaiseInTurn(*Native(), ValueChanged); });
 }
 
 bool DesktopCheckBox::Value() const { return static_cast<QCheckBox&>(*Native()).isChecked(); }

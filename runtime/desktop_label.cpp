@@ -7,6 +7,7 @@
 #include <QMouseEvent>
 
 #include "runtime/appearance.h"
+#include "runtime/caption_text.h"
 #include "runtime/desktop_application.h"
 
 namespace peakwright {
@@ -23,6 +24,45 @@ QFont FittingFont(const QFont& font, const QString& text, int width) {
     if (QFontMetrics(smaller).horizontalAdvance(text) <= width) return smaller;
   }
   return font;
+}
+
+/// The text with nothing in it that would turn its direction or stay invisible.
+QString Harmless(std::string_view text) {
+  QString shown = ToQString(text);
+  shown.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
+  for (QChar& c : shown) {
+    const QChar::Category category = c.category();
+    const bool isHarmless =
+        c == u'\n' || (category != QChar::Other_Control && category != QChar::Other_Format &&
+                       category != QChar::Separator_Line && category != QChar::Separator_Paragraph);
+    if (!isHarmless) c = QChar::ReplacementCharacter;
+  }
+  return shown;
+}
+
+/// As much of the beginning of `quotation` as fits into the label between `before` and `after`.
+QString FittingPart(const QLabel& label, const QString& before, const QString& quotation,
+                    const QString& after) {
+  constexpr qsizetype kMost = 1000;  // Characters; more fit into no label.
+  const QString beginning = quotation.left(kMost);
+  const auto shortened = [&](qsizetype length) {
+    return length == quotation.size() ? quotation : beginning.left(length) + QChar(0x2026);
+  };
+  const auto fits = [&](qsizetype length) {
+    const QRect room(0, 0, label.width(), QWIDGETSIZE_MAX);
+    const QSize taken =
+        label.fontMetrics()
+            .boundingRect(room, Qt::TextWordWrap, before + shortened(length) + after)
+            .size();
+    return taken.width() <= label.width() && taken.height() <= label.height();
+  };
+  if (quotation.isEmpty() || fits(beginning.size())) return shortened(beginning.size());
+  qsizetype length = 0;
+  for (qsizetype tooLong = beginning.size(); tooLong - length > 1;) {
+    const qsizetype tried = (length + tooLong) / 2;
+    (fits(tried) ? length : tooLong) = tried;
+  }
+  return shortened(length);
 }
 
 class NativeLabel : public QLabel {
@@ -65,13 +105,17 @@ DesktopLabel::DesktopLabel(DesktopWindow& window, const ControlLayout& layout)
   Text(layout.Text);
 }
 
-void DesktopLabel::Text(std::string_view text) {
+void DesktopLabel::Text(std::string_view text, TextRange quoted) {
   text_ = text;
-  QString shown = QString::fromStdString(text_);
-  shown.replace(u'\r', u'\n');
-  if (!multiline_) shown.replace(u'\n', u' ');
+  QString shown = Harmless(text.substr(0, quoted.From));
+  const QString end = Harmless(text.substr(quoted.From + quoted.Length));
+  const QString quotation = Harmless(text.substr(quoted.From, quoted.Length));
   auto& label = static_cast<QLabel&>(*Native());
+  shown += FittingPart(label, shown, quotation, end) + end;
+  if (!multiline_) shown.replace(u'\n', u' ');
   label.setText(shown);
+  const QString whole = ToQString(text);
+  label.setAccessibleName(shown == whole ? QString() : whole);
   if (!multiline_) label.setFont(FittingFont(SystemFont(fontSize_, bold_), shown, Width()));
   for (DesktopUIControl* control : named_) control->AccessibleName(text_);
 }

@@ -6,16 +6,20 @@
 #include <vector>
 
 #include "runtime/desktop_ui_control.h"
+#include "runtime/text_range.h"
 
 namespace peakwright {
 
-/// A caption. Its text is shown as it is, without markup; what is too long for its box is cut off.
+/// A caption. Its text is shown as it is, without markup, but for control characters and those that
+/// turn the direction of text, which show as U+FFFD; what is too long for its box is cut off.
 class DesktopLabel : public DesktopUIControl {
  public:
   DesktopLabel(DesktopWindow& window, const ControlLayout& layout);
 
   const std::string& Text() const { return text_; }
-  void Text(std::string_view text);
+  /// `quoted` is somebody else's words within the text: if the whole doesn't fit into the label,
+  /// they are cut short, so that the rest stays in view. Text and assistive tools keep them all.
+  void Text(std::string_view text, TextRange quoted = {});
 
   /// Makes this label's text, now and after each change, the accessible name of `control`.
   void Names(DesktopUIControl& control);

@@ -94,7 +94,7 @@ DesktopListBox::DesktopListBox(DesktopWindow& window, const ControlLayout& layou
   list.horizontalHeader()->setFont(list.font());
   list.verticalHeader()->setDefaultSectionSize(list.fontMetrics().height() + 2);
   QObject::connect(&list, &QTableView::doubleClicked,
-                   [this] { DesktopApplication::Current().Raise(DoublePressed); });
+                   [this] { DesktopApplication::Current().RaiseInTurn(*Native(), DoublePressed); });
 }
 
 DesktopListBox::~DesktopListBox() { List(*this).setModel(nullptr); }

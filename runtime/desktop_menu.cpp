@@ -40,9 +40,14 @@ DesktopMenuItem::DesktopMenuItem() : action_(std::make_unique<QAction>()) {
   QObject::connect(action_.get(), &QAction::triggered, [this] {
     // The toolkit flips the mark by itself; here only the handler does.
     action_->setChecked(marked_);
-    DesktopApplication::Current().Raise([this] {
+    const auto handle = [this] {
       if (handler_) handler_();
-    });
+    };
+    if (action_->menuRole() == QAction::QuitRole) {
+      DesktopApplication::Current().Raise(handle);
+    } else {
+      DesktopApplication::Current().RaiseInTurn(*action_, handle);
+    }
   });
 }
 

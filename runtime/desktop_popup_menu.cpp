@@ -40,8 +40,9 @@ DesktopPopupMenu::DesktopPopupMenu(DesktopWindow& window, const ControlLayout& l
   SelectedRowIndex(0);
   AccessibleName(std::string(layout.Text));
   Box(*this).view()->setAccessibleName(Box(*this).accessibleName());
-  QObject::connect(&Box(*this), &QComboBox::activated,
-                   [this] { DesktopApplication::Current().Raise(SelectionChanged); });
+  QObject::connect(&Box(*this), &QComboBox::activated, [this] {
+    DesktopApplication::Current().RaiseInTurn(*Native(), SelectionChanged);
+  });
 }
 
 int DesktopPopupMenu::RowCount() const { return Box(*this).count(); }

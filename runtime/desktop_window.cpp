@@ -15,6 +15,7 @@
 
 #include "runtime/caption_text.h"
 #include "runtime/desktop_menu.h"
+#include "runtime/held_input.h"
 
 namespace peakwright {
 namespace {
@@ -93,8 +94,9 @@ class DesktopWindow::NativeWindow : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override {
-    event->ignore();
-    if (type_ == WindowType::Document) {
+    const bool isDocument = type_ == WindowType::Document;
+    event->setAccepted(isDocument || canClose_);
+    if (isDocument) {
       DesktopApplication::Current().Quit(0);
     } else if (canClose_) {
       owner_.Close();
@@ -163,6 +165,11 @@ void DesktopWindow::Open() {
 }
 
 void DesktopWindow::Show() {
+  HeldInput& input = DesktopApplication::Current().Input();
+  if (input.IsHolding()) {
+    input.Keep(*native_, [this] { Show(); });
+    return;
+  }
   if (native_->isHidden()) native_->FocusFirst();
   if (native_->isMinimized()) {
     native_->showNormal();
@@ -190,6 +197,7 @@ void DesktopWindow::AddMenuHandler(std::string_view name, std::function<bool()> 
   if (DesktopMenuItem* item = menuBar_->Lookup(name)) item->Handler(std::move(action));
 }
 
+QWidget* DesktopWindow::Document() { return documentWindow; }
 QWidget* DesktopWindow::Native() const { return native_.get(); }
 QWidget* DesktopWindow::Content() const { return native_->centralWidget(); }
 

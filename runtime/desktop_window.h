@@ -43,6 +43,8 @@ class DesktopWindow : public ImplicitInstance {
 
   void Open() final;
 
+  /// The toolkit's window that floating windows and boxes stay above, or null before it is made.
+  static QWidget* Document();
   QWidget* Native() const;   ///< The toolkit's window.
   QWidget* Content() const;  ///< The toolkit's parent of the controls.
   void AddToTabOrder(QWidget& widget, int tabIndex);

@@ -6,8 +6,8 @@ namespace peakwright {
 
 class Network {
  public:
-  /// Whether a network connection is available at all: the system's own answer, else whether an
-  /// interface other than loopback is up. When in doubt, true.
+  /// Whether a network connection is available at all: false only if that is sure, with no
+  /// interface up but loopback.
   static bool IsConnected();
 
   /// Puts `answer` in the place of the system's; an empty one gives the system its place back.

@@ -1,74 +1,58 @@
 #include "runtime/url_connection.h"
 
-#include <optional>
+#include <utility>
 
-#include <QEventLoop>
-#include <QNetworkAccessManager>
-#include <QNetworkReply>
-#include <QNetworkRequest>
 #include <QSaveFile>
-#include <QSslConfiguration>
 #include <QTimer>
 
 #include "runtime/caption_text.h"
 #include "runtime/desktop_application.h"
+#include "runtime/held_input.h"
+#include "runtime/https_request.h"
+#include "runtime/origin_mark.h"
 
 namespace peakwright {
 namespace {
 
-constexpr int kRedirects = 5;
-constexpr qint64 kReadAhead = 1 << 20;  // Bytes held in memory while the program is busy.
-constexpr int kTicks = 10;              // Parts of a time-out that are counted one by one.
+constexpr int kTicks = 10;  // Parts of a time-out that are counted one by one.
 
-QNetworkRequest MakeRequest(std::string_view url, bool validate) {
-  QNetworkRequest request{QUrl(ToQString(url))};
-  request.setMaximumRedirectsAllowed(kRedirects);
-  request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
-                       QNetworkRequest::NoLessSafeRedirectPolicy);
-  request.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
-  for (const auto personal :
-       {QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::CookieSaveControlAttribute,
-        QNetworkRequest::AuthenticationReuseAttribute}) {
-    request.setAttribute(personal, QNetworkRequest::Manual);
-  }
-  // The toolkit would fill these in from the system. An encoded body would also come without a
-  // length to measure progress by.
-  request.setRawHeader("User-Agent", "Peakwright");
-  request.setRawHeader("Accept-Language", "*");
-  request.setRawHeader("Accept-Encoding", "identity");
-  if (!validate) {
-    QSslConfiguration tls = QSslConfiguration::defaultConfiguration();
-    tls.setPeerVerifyMode(QSslSocket::VerifyNone);
-    request.setSslConfiguration(tls);
-  }
-  return request;
-}
-
-/// The reply is the manager's.
-QNetworkReply& Start(QNetworkAccessManager& manager, std::string_view method, std::string_view url,
-                     bool validate) {
-  QNetworkReply& reply =
-      *manager.sendCustomRequest(MakeRequest(url, validate), ToQString(method).toUtf8());
-  reply.setReadBufferSize(kReadAhead);
-  return reply;
-}
-
-qint64 AnnouncedLength(const QNetworkReply& reply) {
-  return reply.header(QNetworkRequest::ContentLengthHeader).toLongLong();
-}
-
-/// Whether the reply came to its end; an HTTP error is a reply like any other.
-bool IsWhole(const QNetworkReply& reply, qint64 received) {
-  const int error = reply.error();
-  const bool replied =
-      error == QNetworkReply::NoError ||
-      (error >= QNetworkReply::ContentAccessDenied &&
-       error <= QNetworkReply::UnknownContentError) ||
-      (error >= QNetworkReply::InternalServerError && error <= QNetworkReply::UnknownServerError);
-  return replied && received >= AnnouncedLength(reply);
-}
+constexpr auto kExecutable =
+    QFileDevice::ExeOwner | QFileDevice::ExeUser | QFileDevice::ExeGroup | QFileDevice::ExeOther;
 
 }  // namespace
+
+/// A request that the program waits for.
+class URLConnection::Question : public QObject {
+ public:
+  Question(URLConnection& owner, std::string_view method, const std::string& url,
+           std::chrono::milliseconds timeout, std::size_t limit, Answer then)
+      : request_(method, url, owner.allowCertificateValidation_),
+        limit_(limit),
+        then_(std::move(then)) {
+    request_.Received = [this](const std::string& data) {
+      body_ += data;
+      if (body_.size() >= limit_) End(true);
+    };
+    request_.Ended = [this](const QString& failure) { End(failure.isEmpty()); };
+    QTimer::singleShot(timeout, this, [this] { End(false); });
+  }
+
+ private:
+  void End(bool isAnswered) {
+    if (!waiting_.has_value()) return;
+    waiting_.reset();
+    request_.Cancel();
+    DesktopApplication::Current().Raise([&] {
+      if (then_) then_(isAnswered ? std::optional(body_.substr(0, limit_)) : std::nullopt);
+    });
+  }
+
+  std::optional<Waiting> waiting_{std::in_place};
+  HttpsRequest request_;
+  std::string body_;
+  std::size_t limit_;
+  Answer then_;
+};
 
 class URLConnection::Transfer : public QObject {
  public:
@@ -79,61 +63,60 @@ class URLConnection::Transfer : public QObject {
         target_(target),
         file_(std::in_place, ToQString(target.NativePath())) {
     if (!file_->open(QIODevice::WriteOnly)) {
-      QTimer::singleShot(0, this, [this] { Fail(file_->errorString()); });
+      QTimer::singleShot(0, this, [this] { FailToStore(); });
       return;
     }
-    reply_ = &Start(manager_, method, url, owner.allowCertificateValidation_);
-    connect(reply_, &QNetworkReply::metaDataChanged, this, [this] { silentTicks_ = 0; });
-    connect(reply_, &QNetworkReply::readyRead, this, [this] { Receive(); });
-    connect(reply_, &QNetworkReply::finished, this, [this] { End(); });
+    request_.emplace(method, url_, owner.allowCertificateValidation_);
+    request_->Answered = [this] { silentTicks_ = 0; };
+    request_->Received = [this](const std::string& data) { Receive(data); };
+    request_->Ended = [this](const QString& failure) { End(failure); };
     // One long timer would run out behind a long calculation, with bytes waiting to be read.
     connect(&tick_, &QTimer::timeout, this, [this] {
-      if (++silentTicks_ >= kTicks) Fail(QStringLiteral("No answer in time"));
+      if (++silentTicks_ >= kTicks) End(QStringLiteral("No answer in time"));
     });
     tick_.start(timeout / kTicks);
-  }
-
-  ~Transfer() override {
-    if (reply_ != nullptr) reply_->disconnect(this);
   }
 
   bool IsOver() const { return !file_.has_value(); }
 
  private:
-  void Receive() {
+  void Receive(const std::string& data) {
     silentTicks_ = 0;
-    const QByteArray data = reply_->readAll();
-    if (data.isEmpty()) return;
-    if (file_->write(data) != data.size()) {
-      Fail(file_->errorString());
+    if (file_->write(data.data(), static_cast<qint64>(data.size())) !=
+        static_cast<qint64>(data.size())) {
+      FailToStore();
       return;
     }
-    received_ += data.size();
+    received_ += static_cast<std::int64_t>(data.size());
     DesktopApplication::Current().Raise([&] {
       if (!owner_.ReceivingProgressed) return;
-      owner_.ReceivingProgressed(owner_, received_, AnnouncedLength(*reply_),
-                                 std::string_view(data.data(), data.size()));
+      owner_.ReceivingProgressed(owner_, received_, request_->AnnouncedLength(), data);
     });
   }
 
-  void End() {
-    Receive();
-    if (IsOver()) return;
-    if (!IsWhole(*reply_, received_)) {
-      Fail(reply_->errorString());
-    } else if (!file_->commit()) {
-      Fail(file_->errorString());
-    } else {
-      Stop();
-      const int status = reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-      DesktopApplication::Current().Raise([&] {
-        if (owner_.FileReceived) owner_.FileReceived(owner_, url_, status, target_);
-      });
+  void End(const QString& failure) {
+    if (!failure.isEmpty()) {
+      Fail({NetworkException::Cause::Connection, failure.toStdString()});
+      return;
     }
+    // The file takes over the older one's permissions.
+    file_->setPermissions(file_->permissions() & ~kExecutable);
+    if (!file_->commit()) {
+      FailToStore();
+      return;
+    }
+    Stop();
+    MarkOrigin(target_, request_->Url());
+    DesktopApplication::Current().Raise([&] {
+      if (owner_.FileReceived) owner_.FileReceived(owner_, url_, request_->Status(), target_);
+    });
   }
 
-  void Fail(const QString& why) {
-    const NetworkException error(why.toStdString());
+  void FailToStore() {
+    Fail({NetworkException::Cause::Storage, file_->errorString().toStdString()});
+  }
+
+  void Fail(const NetworkException& error) {
     Stop();
     DesktopApplication::Current().Raise([&] {
       if (owner_.Error) owner_.Error(owner_, error);
@@ -143,48 +126,28 @@ class URLConnection::Transfer : public QObject {
   void Stop() {
     tick_.stop();
     file_.reset();  // What wasn't committed goes away.
-    if (reply_ == nullptr) return;
-    reply_->disconnect(this);
-    reply_->abort();
+    if (request_.has_value()) request_->Cancel();
   }
 
   URLConnection& owner_;
   std::string url_;
   FolderItem target_;
   std::optional<QSaveFile> file_;  // Until the transfer is over.
-  qint64 received_ = 0;
+  std::int64_t received_ = 0;
   int silentTicks_ = 0;
   QTimer tick_;
-  QNetworkAccessManager manager_;
-  QNetworkReply* reply_ = nullptr;
+  std::optional<HttpsRequest> request_;
 };
 
 URLConnection::URLConnection() = default;
 
 URLConnection::~URLConnection() = default;
 
-std::string URLConnection::SendSync(std::string_view method, std::string_view url,
-                                    std::chrono::milliseconds timeout, std::size_t limit) {
-  QNetworkAccessManager manager;
-  QNetworkReply& reply = Start(manager, method, url, allowCertificateValidation_);
-  std::string body;
-  QEventLoop wait;
-  QObject::connect(&reply, &QNetworkReply::readyRead, &wait, [&] {
-    body += reply.readAll().toStdString();
-    if (body.size() >= limit) wait.quit();
-  });
-  QObject::connect(&reply, &QNetworkReply::finished, &wait, &QEventLoop::quit);
-  QTimer::singleShot(timeout, &wait, &QEventLoop::quit);
-  wait.exec(QEventLoop::ExcludeUserInputEvents);
-
-  if (body.size() >= limit) return body.substr(0, limit);
-  // Not finished: the time is up, or the program is being ended.
-  if (!reply.isFinished()) throw NetworkException("No answer in time");
-  body += reply.readAll().toStdString();
-  if (!IsWhole(reply, static_cast<qint64>(body.size()))) {
-    throw NetworkException(reply.errorString().toStdString());
-  }
-  return body.substr(0, limit);
+void URLConnection::SendSync(std::string_view method, const std::string& url,
+                             std::chrono::milliseconds timeout, std::size_t limit, Answer then) {
+  // The last one may be the caller.
+  if (question_) question_.release()->deleteLater();
+  question_ = std::make_unique<Question>(*this, method, url, timeout, limit, std::move(then));
 }
 
 void URLConnection::Send(std::string_view method, std::string_view url, const FolderItem& file,

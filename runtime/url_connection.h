@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -13,16 +14,23 @@
 
 namespace peakwright {
 
-/// A request got no whole reply: refused, no such host, timed out, broken off, not secured, sent
-/// on too often or to a less safe place, or not to be stored.
+/// A request got no whole reply: refused, no such host, timed out, broken off, not secured, not by
+/// the rules of HTTP, sent on too often or to a less safe place. Or the reply couldn't be stored.
 class NetworkException : public std::runtime_error {
  public:
-  using std::runtime_error::runtime_error;
+  enum class Cause { Connection, Storage };
+
+  NetworkException(Cause cause, const std::string& what)
+      : std::runtime_error(what), cause_(cause) {}
+  Cause Why() const { return cause_; }
+
+ private:
+  Cause cause_;
 };
 
-/// One HTTP request at a time. A reply of any status is a reply. At most five redirects are
-/// followed, never from https to http. Nothing that tells of the user goes out: no cookies, no
-/// language, no system; nothing is cached.
+/// One HTTP request at a time, over TLS only. A whole reply of any status is a reply. At most five
+/// redirects are followed, never to a place that isn't secured. Nothing that tells of the user goes
+/// out: no cookies, no language, no system; nothing is cached.
 class URLConnection {
  public:
   URLConnection();
@@ -35,15 +43,19 @@ class URLConnection {
   bool AllowCertificateValidation() const { return allowCertificateValidation_; }
   void AllowCertificateValidation(bool allow) { allowCertificateValidation_ = allow; }
 
-  /// Performs the request and gives the reply's body, of a longer one the first `limit` bytes.
-  /// Until then windows are repainted, and what the user does waits for its turn. Throws
-  /// NetworkException if the reply isn't there after `timeout` in all.
-  std::string SendSync(std::string_view method, std::string_view url,
-                       std::chrono::milliseconds timeout, std::size_t limit);
+  /// Gets the body, or nothing if there was no whole reply in time.
+  using Answer = std::function<void(const std::optional<std::string>& body)>;
+
+  /// Begins the request and has the program wait for it: until the reply is there or `timeout` in
+  /// all is over, windows are repainted, and what the user does is kept for afterwards; only
+  /// quitting isn't. Then calls `then` with the body, of a longer one with the first `limit` bytes.
+  void SendSync(std::string_view method, const std::string& url, std::chrono::milliseconds timeout,
+                std::size_t limit, Answer then);
 
   /// Starts the request and returns at once. The body goes into a file beside `file`, which takes
-  /// the place of `file` when it is whole, and goes away if it never is. The transfer fails after
-  /// `timeout` without any byte. Does nothing while a transfer is under way.
+  /// the place of `file` when it is whole, and goes away if it never is. It is marked with where it
+  /// comes from and is never executable. The transfer fails after `timeout` without any byte. Does
+  /// nothing while a transfer is under way.
   void Send(std::string_view method, std::string_view url, const FolderItem& file,
             std::chrono::milliseconds timeout);
 
@@ -60,9 +72,11 @@ class URLConnection {
   std::function<void(URLConnection& sender, const NetworkException& error)> Error;
 
  private:
+  class Question;
   class Transfer;
 
-  std::unique_ptr<Transfer> transfer_;  // The last one started, under way or ended.
+  std::unique_ptr<Question> question_;  // The last ones started, under way or over.
+  std::unique_ptr<Transfer> transfer_;
   bool allowCertificateValidation_ = true;
 };
 

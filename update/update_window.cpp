@@ -47,8 +47,8 @@ WindowDownload::WindowDownload()
                                        const FolderItem& file) {
     FileDownloader_FileReceived(file);
   };
-  FileDownloader.Error = [this](URLConnection&, const NetworkException&) {
-    FileDownloader_Error();
+  FileDownloader.Error = [this](URLConnection&, const NetworkException& error) {
+    FileDownloader_Error(error);
   };
 }
 
@@ -59,34 +59,30 @@ WindowDownload& WindowDownload::Instance() {
 void WindowDownload::Event_Opening() {
   EditField1.Text(Module1::websource);
   if (anchorLeft) Left(anchorLeft() + kStepRight);
-  const VersionResult result = CheckVersion();
-  if (result.offersDownload) {
-    PushButton1.Caption("Later");
-    PushButton2.Visible(true);
-    offer_ = result.text;
+  if (!Network::IsConnected()) {
+    ShowResult(std::nullopt);
+    return;
   }
-  StaticText1.Text(result.text);
+  Checker.SendSync("GET", Module1::websource + "peakwright_version.txt", kCheckTimeout,
+                   kLongestVersionFile + 1,
+                   [this](const std::optional<std::string>& reply) { ShowResult(reply); });
 }
 
-VersionResult WindowDownload::CheckVersion() {
-  bool isConnected = Network::IsConnected();
-  std::string reply;
-  if (isConnected) {
-    try {
-      reply = Checker.SendSync("GET", Module1::websource + "peakwright_version.txt", kCheckTimeout,
-                               kLongestVersionFile + 1);
-    } catch (const NetworkException&) {
-      isConnected = false;
-    }
+void WindowDownload::ShowResult(const std::optional<std::string>& reply) {
+  result_ = EvaluateVersionReply(reply.has_value(), reply.value_or(""), Module1::version,
+                                 Module1::CR, &Color::IsDarkMode);
+  if (result_.offersDownload) {
+    PushButton1.Caption("Later");
+    PushButton2.Visible(true);
   }
-  return EvaluateVersionReply(isConnected, reply, Module1::version, Module1::CR,
-                              &Color::IsDarkMode);
+  StaticText1.Text(result_.text, result_.reply);
 }
 
 void WindowDownload::PushButton1_Pressed() { Close(); }
 
 void WindowDownload::PushButton2_Pressed() {
-  StaticText1.Text(offer_);  // In the place of what an earlier attempt may have left.
+  StaticText1.Text(result_.text,
+                   result_.reply);  // In the place of what an earlier attempt may have left.
   ShowDownload(true);
   const std::string archive = Module1::appname + ".zip";
   FileDownloader.Send("GET", Module1::websource + archive, SpecialFolder::Desktop().Child(archive),
@@ -103,11 +99,13 @@ void WindowDownload::FileDownloader_FileReceived(const FolderItem& file) {
   Close();
 }
 
-void WindowDownload::FileDownloader_Error() {
+void WindowDownload::FileDownloader_Error(const NetworkException& error) {
   ShowDownload(false);
   ProgressBar1.Value(0);
   ProgressBar1.MaximumValue(kProgressMaximum);
-  StaticText1.Text(NoConnectionText(Module1::CR));
+  StaticText1.Text(error.Why() == NetworkException::Cause::Storage
+                       ? NotSavedText(error.what(), Module1::CR)
+                       : NoConnectionText(Module1::CR));
 }
 
 void WindowDownload::ShowDownload(bool visible) {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "runtime/desktop_button.h"
@@ -20,7 +21,7 @@ class WindowDownload : public DesktopWindow {
  public:
   WindowDownload();
 
-  /// The open window, or a new one, whose check has then been made.
+  /// The open window, or a new one, which comes on screen when its check has been made.
   static WindowDownload& Instance();
 
   DesktopProgressBar ProgressBar1;
@@ -43,12 +44,13 @@ class WindowDownload : public DesktopWindow {
   void PushButton2_Pressed();
   void FileDownloader_ReceivingProgressed(std::int64_t received, std::int64_t total);
   void FileDownloader_FileReceived(const FolderItem& file);
-  void FileDownloader_Error();
+  void FileDownloader_Error(const NetworkException& error);
 
-  VersionResult CheckVersion();
+  /// Shows what comes of the check; without a reply there was no connection.
+  void ShowResult(const std::optional<std::string>& reply);
   void ShowDownload(bool visible);
 
-  std::string offer_;  // What StaticText1 shows while the download is offered.
+  VersionResult result_;  // Of the check.
 };
 
 /// Gives the left edge, in pixels, of the window beside which the update window opens.

@@ -18,6 +18,11 @@ std::string NoConnectionText(std::string_view cr) {
                "Please check network or use a browser to access link."});
 }
 
+std::string NotSavedText(std::string_view reason, std::string_view cr) {
+  return Join(
+      {"The archive could not be saved to the desktop.", cr, "The system says: ", reason, "."});
+}
+
 VersionResult EvaluateVersionReply(bool isConnected, std::string_view reply,
                                    std::string_view version, std::string_view cr,
                                    const std::function<bool()>& isDarkMode) {
@@ -29,13 +34,16 @@ VersionResult EvaluateVersionReply(bool isConnected, std::string_view reply,
   }
   const int order = reply.compare(version);
   if (order > 0) {
-    return {Join({"The newest version is ", reply, ".", cr, "You are running version ", version,
-                  ".", cr, cr, "Download latest version to desktop?"}),
-            true};
+    const std::string before = "The newest version is ";
+    return {Join({before, reply, ".", cr, "You are running version ", version, ".", cr, cr,
+                  "Download latest version to desktop?"}),
+            true,
+            {before.size(), reply.size()}};
   }
   if (order < 0) {
-    return {
-        Join({"You are running version ", version, cr, "which is newer than online ", reply, "."})};
+    const std::string before =
+        Join({"You are running version ", version, cr, "which is newer than online "});
+    return {Join({before, reply, "."}), false, {before.size(), reply.size()}};
   }
   std::string text = Join({"You are running version ", version, ".", cr, cr,
                            "This 64 bit version of Peakwright is up to date."});

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "runtime/text_range.h"
+
 namespace peakwright {
 
 /// Bytes; what is longer is no version file.
@@ -13,6 +15,7 @@ constexpr std::size_t kLongestVersionFile = std::size_t{64} * 1024;
 struct VersionResult {
   std::string text;             ///< For the user.
   bool offersDownload = false;  ///< Whether the server holds a newer version.
+  TextRange reply = {};         ///< The server's words within the text.
 };
 
 /// Compares the server's version with the running one. Versions are texts: they are compared byte
@@ -25,5 +28,8 @@ VersionResult EvaluateVersionReply(bool isConnected, std::string_view reply,
 
 /// What the user reads when the server couldn't be reached.
 std::string NoConnectionText(std::string_view cr);
+
+/// What the user reads when the archive couldn't be stored, for the reason that the system gives.
+std::string NotSavedText(std::string_view reason, std::string_view cr);
 
 }  // namespace peakwright

@@ -1,71 +1,16 @@
-#include <map>
-
 #include <QProgressBar>
-#include <QtNetwork>
 #include <QtTest>
-#include <gtest/gtest.h>
 
 #include "engine/global_strings.h"
 #include "runtime/appearance.h"
 #include "runtime/network.h"
+#include "tests/update/tls_server.h"
 #include "update/update_window.h"
 
 namespace peakwright {
 namespace {
 
 using namespace std::chrono_literals;
-
-enum Then { Close, Stay, Trickle };  // Trickle: the last 20 bytes go one by one, 70 ms apart.
-
-/// A reply with this body, which announces `length` bytes.
-QByteArray Http(const QByteArray& body, qsizetype length = -1,
-                const QByteArray& status = "200 OK") {
-  const QByteArray announced = QByteArray::number(length < 0 ? body.size() : length);
-  return "HTTP/1.1 " + status + "\r\nContent-Length: " + announced + "\r\n\r\n" + body;
-}
-
-QByteArray Redirect(const QByteArray& location) {
-  return Http("<moved>", 7, "302 Found\r\nSet-Cookie: id=1\r\nLocation: " + location);
-}
-
-/// An HTTPS server on loopback, in the thread of the test, whose certificate no one has signed.
-class TlsServer : public QSslServer {
- public:
-  TlsServer() {
-    const QTemporaryDir made;
-    QFile pem(made.filePath("pem"));
-    QProcess::execute(OPENSSL_COMMAND,
-                      {"req", "-x509", "-newkey", "ec", "-pkeyopt", "ec_paramgen_curve:prime256v1",
-                       "-nodes", "-batch", "-keyout", pem.fileName(), "-out", pem.fileName()});
-    pem.open(QIODevice::ReadOnly);
-    QSslConfiguration tls = QSslConfiguration::defaultConfiguration();
-    tls.setPrivateKey(QSslKey(&pem, QSsl::Ec));
-    tls.setLocalCertificateChain(QSslCertificate::fromPath(pem.fileName()));
-    setSslConfiguration(tls);
-    listen(QHostAddress::LocalHost);
-    connect(this, &QTcpServer::pendingConnectionAvailable, [this] {
-      QTcpSocket& client = *nextPendingConnection();
-      connect(&client, &QTcpSocket::readyRead, [this, &client] { Serve(client); });
-      connect(&client, &QTcpSocket::disconnected, this, [this] { ++ended; });
-    });
-  }
-
-  std::map<QByteArray, std::pair<QByteArray, Then>> replies;  // By path.
-  QByteArrayList heads;                                       // Of the requests, in order.
-  int ended = 0;                                              // Connections that are closed.
-
- private:
-  void Serve(QTcpSocket& client) {
-    heads.push_back(client.readAll());
-    const auto& [bytes, then] = replies[heads.back().split(' ').value(1)];
-    client.write(then == Trickle ? bytes.chopped(20) : bytes);
-    if (then == Close) client.disconnectFromHost();
-    for (int n = 1; then == Trickle && n <= 20; ++n) {
-      QTimer::singleShot(70 * n, &client,
-                         [&client, byte = bytes.last(21 - n).first(1)] { client.write(byte); });
-    }
-  }
-};
 
 class Update : public testing::Test {
  protected:
@@ -84,11 +29,11 @@ class Update : public testing::Test {
   }
 
   std::string Fetch(const std::string& url) {
-    try {
-      return connection_.SendSync("GET", url, 1s, 1000);
-    } catch (const NetworkException&) {
-      return "fails";
-    }
+    std::optional<std::string> answer;
+    connection_.SendSync("GET", url, 1s, 1000,
+                         [&](const auto& body) { answer = body.value_or("fails"); });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return answer.has_value(); }));
+    return answer.value_or("");
   }
 
   /// Downloads over a file that says "fails", and gives what it says afterwards.
@@ -120,7 +65,12 @@ class Update : public testing::Test {
     EXPECT_TRUE(Window().ProgressBar1.Visible() && Window().StaticText2.Visible());
   }
 
-  static WindowDownload& Window() { return WindowDownload::Instance(); }
+  /// The window, once its check has been made.
+  static WindowDownload& Window() {
+    WindowDownload& window = WindowDownload::Instance();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window.Native()->isVisible(); }));
+    return window;
+  }
   QStringList Desktop() { return QDir(home_.filePath("Desktop")).entryList(QDir::Files); }
 
   QTemporaryDir home_;
@@ -176,8 +126,8 @@ TEST_F(Update, TransfersAWholeBodyOrFails) {
   EXPECT_EQ(Fetch(Module1::websource + "5"), "body");
   EXPECT_EQ(server_.heads.back(),
             "GET /body HTTP/1.1\r\nHost: " + host +
-                "\r\nUser-Agent: Peakwright\r\nAccept-Language: *\r\n"
-                "Accept-Encoding: identity\r\nConnection: Keep-Alive\r\n\r\n");
+                "\r\nUser-Agent: Peakwright\r\nAccept-Encoding: identity\r\n"
+                "Connection: close\r\n\r\n");
 }
 
 TEST_F(Update, ShowsTheResultOfTheCheck) {

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <map>
+
+#include <QtNetwork>
+#include <gtest/gtest.h>
+
+namespace peakwright {
+
+enum Then { Close, Stay, Trickle };  // Trickle: the last 20 bytes go one by one, 70 ms apart.
+
+/// A reply with this body, which announces `length` bytes.
+inline QByteArray Http(const QByteArray& body, qsizetype length = -1,
+                       const QByteArray& status = "200 OK") {
+  const QByteArray announced = QByteArray::number(length < 0 ? body.size() : length);
+  return "HTTP/1.1 " + status + "\r\nContent-Length: " + announced + "\r\n\r\n" + body;
+}
+
+inline QByteArray Redirect(const QByteArray& location) {
+  return Http("<moved>", 7, "302 Found\r\nSet-Cookie: id=1\r\nLocation: " + location);
+}
+
+/// An HTTPS server on loopback, in the thread of the test, whose certificate no one has signed.
+class TlsServer : public QSslServer {
+ public:
+  TlsServer() {
+    const QTemporaryDir made;
+    QFile pem(made.filePath("pem"));
+    QProcess::execute(OPENSSL_COMMAND,
+                      {"req", "-x509", "-newkey", "ec", "-pkeyopt", "ec_paramgen_curve:prime256v1",
+                       "-nodes", "-batch", "-keyout", pem.fileName(), "-out", pem.fileName()});
+    pem.open(QIODevice::ReadOnly);
+    QSslConfiguration tls = QSslConfiguration::defaultConfiguration();
+    tls.setPrivateKey(QSslKey(&pem, QSsl::Ec));
+    tls.setLocalCertificateChain(QSslCertificate::fromPath(pem.fileName()));
+    setSslConfiguration(tls);
+    listen(QHostAddress::LocalHost);
+    connect(this, &QTcpServer::pendingConnectionAvailable, [this] {
+      QTcpSocket& client = *nextPendingConnection();
+      connect(&client, &QTcpSocket::readyRead, [this, &client] { Serve(client); });
+      connect(&client, &QTcpSocket::disconnected, this, [this] { ++ended; });
+    });
+  }
+
+  std::map<QByteArray, std::pair<QByteArray, Then>> replies;  // By path.
+  QByteArrayList heads;                                       // Of the requests, in order.
+  int ended = 0;                                              // Connections that are closed.
+
+ private:
+  void Serve(QTcpSocket& client) {
+    heads.push_back(client.readAll());
+    const auto& [bytes, then] = replies[heads.back().split(' ').value(1)];
+    client.write(then == Trickle ? bytes.chopped(20) : bytes);
+    if (then == Close) client.disconnectFromHost();
+    for (int n = 1; then == Trickle && n <= 20; ++n) {
+      QTimer::singleShot(70 * n, &client,
+                         [&client, byte = bytes.last(21 - n).first(1)] { client.write(byte); });
+    }
+  }
+};
+
+}  // namespace peakwright
