@@ -124,10 +124,9 @@ TEST_F(Update, TransfersAWholeBodyOrFails) {
     EXPECT_TRUE(Download(url.toString().toStdString()) == each.file) << each.path.data();
   }
   EXPECT_EQ(Fetch(Module1::websource + "5"), "body");
-  EXPECT_EQ(server_.heads.back(),
-            "GET /body HTTP/1.1\r\nHost: " + host +
-                "\r\nUser-Agent: Peakwright\r\nAccept-Encoding: identity\r\n"
-                "Connection: close\r\n\r\n");
+  EXPECT_EQ(server_.heads.back(), "GET /body HTTP/1.1\r\nHost: " + host +
+                                      "\r\nUser-Agent: Peakwright\r\nAccept-Encoding: identity\r\n"
+                                      "Connection: close\r\n\r\n");
 }
 
 TEST_F(Update, ShowsTheResultOfTheCheck) {
