@@ -1,49 +1,56 @@
 #include "engine/number_text.h"
 
 #include <algorithm>
-#include <charconv>
-#include <limits>
-#include <system_error>
+#include <cstdlib>
 
 namespace peakwright {
 namespace {
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+/// The decimal digits that `text` begins with; `text` loses them.
+std::string_view TakeDigits(std::string_view& text) {
+  const std::string_view digits = text.substr(0, text.find_first_not_of("0123456789"));
+  text.remove_prefix(digits.size());
+  return digits;
+}
 
-/// Whether the number that spans `text` has an order of magnitude above 0: tells overflow from
-/// underflow where a Double holds neither.
-bool IsLarge(std::string_view text) {
-  const std::size_t mantissaEnd = std::min(text.find_first_of("eE"), text.size());
-  const std::string_view mantissa = text.substr(0, mantissaEnd);
-  const auto point = static_cast<std::ptrdiff_t>(std::min(mantissa.find('.'), mantissaEnd));
-  const auto leading = static_cast<std::ptrdiff_t>(mantissa.find_first_of("123456789"));
-  if (mantissaEnd == text.size()) return leading < point;
+/// Whether `text` begins with a minus sign; `text` loses that, or a plus sign.
+bool TakeSign(std::string_view& text) {
+  const bool negative = text.starts_with('-');
+  if (negative || text.starts_with('+')) text.remove_prefix(1);
+  return negative;
+}
 
-  std::string_view exponentText = text.substr(mantissaEnd + 1);
-  if (exponentText.front() == '+') exponentText.remove_prefix(1);
-  std::ptrdiff_t exponent = 0;
-  const auto [end, error] =
-      std::from_chars(exponentText.data(), exponentText.data() + exponentText.size(), exponent);
-  if (error != std::errc()) return exponentText.front() != '-';
-  return exponent > leading - point;
+/// The power of ten that `text` begins with, such as "e-7", or 0 if there is none.
+std::int64_t Exponent(std::string_view text) {
+  constexpr std::int64_t kEnough = 1'000'000'000'000;  // no text has so many digits to make up for
+  if (!text.starts_with('e') && !text.starts_with('E')) return 0;
+  text.remove_prefix(1);
+  const bool negative = TakeSign(text);
+  std::int64_t exponent = 0;
+  for (const char digit : TakeDigits(text)) {
+    exponent = std::min(exponent * 10 + (digit - '0'), kEnough);
+  }
+  return negative ? -exponent : exponent;
 }
 
 }  // namespace
 
 double Val(std::string_view text) {
   text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
-  const bool negative = text.starts_with('-');
-  if (negative || text.starts_with('+')) text.remove_prefix(1);
-  // What else the library would take (another sign, "inf", "nan") is no number here.
-  const std::size_t first = text.starts_with('.') ? 1 : 0;
-  if (first >= text.size() || !IsDigit(text[first])) return 0;
-
-  double value = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (error == std::errc::result_out_of_range) {
-    const auto length = static_cast<std::size_t>(end - text.data());
-    value = IsLarge(text.substr(0, length)) ? std::numeric_limits<double>::infinity() : 0;
+  const bool negative = TakeSign(text);
+  std::string number(TakeDigits(text));
+  std::int64_t decimals = 0;
+  if (text.starts_with('.')) {
+    text.remove_prefix(1);
+    const std::string_view fraction = TakeDigits(text);
+    number += fraction;
+    decimals = static_cast<std::int64_t>(fraction.size());
   }
+  if (number.empty()) return 0;
+
+  // Without a point, strtod takes the same text in every locale. Not every library has from_chars.
+  number += 'e' + Str(Exponent(text) - decimals);
+  const double value = std::strtod(number.c_str(), nullptr);
   return negative ? -value : value;
 }
 

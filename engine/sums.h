@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "engine/arithmetic.h"
 #include "engine/elements.h"
 
 /// RDB, exact mass and peak ratios as plain sums over the atoms of a formula. Table values and

@@ -19,8 +19,7 @@
 namespace peakwright {
 namespace {
 
-constexpr double kReadable = 4.5;     // The least contrast of text (WCAG 2.1, level AA).
-constexpr int kPortalTimeout = 1000;  // ms; nothing waits for the answer.
+constexpr double kReadable = 4.5;  // The least contrast of text (WCAG 2.1, level AA).
 
 double Luminance(const QColor& color) {
   const auto linear = [](double channel) {
@@ -64,6 +63,7 @@ void FollowSystemAppearance() {
       QStringLiteral("/org/freedesktop/portal/desktop"),
       QStringLiteral("org.freedesktop.portal.Settings"), QStringLiteral("Read"));
   question << QStringLiteral("org.freedesktop.appearance") << QStringLiteral("color-scheme");
+  constexpr int kPortalTimeout = 1000;  // ms; nothing waits for the answer.
   const QDBusPendingCall call = QDBusConnection::sessionBus().asyncCall(question, kPortalTimeout);
   auto* watcher = std::make_unique<QDBusPendingCallWatcher>(call, qApp).release();
   QObject::connect(watcher, &QDBusPendingCallWatcher::finished, qApp, [watcher] {

@@ -1,15 +1,39 @@
 # shellcheck shell=bash disable=SC2034
 # Sourced by ./run, ./test and .ci/run: installs what a build lacks, then builds.
 
-build_packages=(g++ cmake ninja-build qt6-base-dev libgtest-dev libbenchmark-dev fonts-dejavu-core)
-test_packages=(xvfb openssl poppler-utils at-spi2-core dbus-daemon openbox python3-pyatspi xdotool)
+build_packages=(g++ cmake ninja-build qt6-base-dev fonts-dejavu-core)
+test_packages=(libgtest-dev libbenchmark-dev xvfb openssl poppler-utils at-spi2-core dbus-daemon
+               openbox python3-pyatspi xdotool)
+lock_patience=300  # seconds
 
 as_root() {
   if ((EUID == 0)); then "$@"; else sudo "$@"; fi
 }
 
+# Runs apt-get. While another program holds the package manager's lock, says so and tries again.
+apt_get() {
+  local said='' end=$((SECONDS + lock_patience))
+  until apt_complaint=$(as_root env LC_ALL=C DEBIAN_FRONTEND=noninteractive \
+    apt-get -qq --no-install-recommends "$@" 2>&1 >/dev/null); do
+    [[ $apt_complaint == *"Could not get lock"* ]] && ((SECONDS < end)) || return 1
+    [[ -n $said ]] || echo "Another program is installing packages; waiting for it to end." >&2
+    said=1
+    sleep 3
+  done
+}
+
+# Fetches the packages first, which may be interrupted; from then on all that is needed is here, and
+# what is begun is brought to its end.
 apt_install() {
-  as_root env DEBIAN_FRONTEND=noninteractive apt-get install -qq --no-install-recommends "$@" >/dev/null
+  if ! apt_get install --download-only "$@"; then  # the package lists may be absent or out of date
+    apt_get update || echo "$apt_complaint" >&2
+    apt_get install --download-only "$@" || return 1
+  fi
+  local status=0
+  trap '' INT HUP
+  apt_get install --no-download "$@" || status=1
+  trap - INT HUP
+  return "$status"
 }
 
 # Installs those of the named Debian packages that the machine lacks. Elsewhere than on Debian and
@@ -22,9 +46,16 @@ ensure_packages() {
       missing+=("$package")
   done
   ((${#missing[@]})) || return 0
+  if ((EUID != 0)) && ! command -v sudo >/dev/null; then
+    echo "Packages are missing, and only root may install them. Please ask an administrator for:" >&2
+    echo "  ${missing[*]}" >&2
+    return 1
+  fi
   echo "Installing from Debian's packages: ${missing[*]}" >&2
-  apt_install "${missing[@]}" 2>/dev/null ||  # the package lists may be absent or out of date
-    { as_root apt-get update -qq && apt_install "${missing[@]}"; }
+  apt_install "${missing[@]}" && return
+  echo "$apt_complaint" >&2
+  echo "The packages could not be installed: ${missing[*]}" >&2
+  return 1
 }
 
 if command -v ccache >/dev/null; then

@@ -22,7 +22,7 @@ if __name__ == "__main__":
     HOME = private_desktop.bring_up()
 
 from program import (Program, STATE_CHECKED, STATE_SELECTED, STATE_VISIBLE,  # noqa: E402
-                     find, has, line_at, text_of, walk)
+                     find, has, line_at, role_of, text_of, walk)
 import pyatspi  # noqa: E402
 
 # Boxes that only hold controls together; assistive tools pass over them.
@@ -57,7 +57,7 @@ def label_beside(window, field):
     middle = place.y + place.height / 2
     beside = []
     for label in walk(window, ("table", "menu bar")):
-        if label.getRoleName() == "label":
+        if role_of(label) == "label":
             box = label.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
             if box.x < place.x and box.y < middle < box.y + box.height:
                 beside.append((box.x, label.name))
@@ -82,7 +82,7 @@ class Assistive(unittest.TestCase):
 
     def check_names(self, window, fields):
         for node in walk(window):
-            role = node.getRoleName()
+            role = role_of(node)
             self.assertNotIn(role, ("", "invalid", "unknown"), node)
             offered = has(node, STATE_VISIBLE) or role in IN_MENUS
             if offered and role not in STRUCTURE:
@@ -95,7 +95,7 @@ class Assistive(unittest.TestCase):
     def test_every_control_has_its_name(self):
         program = self.program
         self.check_names(program.main, ["Mass:"])
-        for role, names in {"push button": ("Run", "Clear", "More info"), "text": ("Results",),
+        for role, names in {"button": ("Run", "Clear", "More info"), "text": ("Results",),
                             "check box": ("Apply nitrogen rule", "Additional elements")}.items():
             for name in names:
                 self.assertIsNotNone(find(program.main, role, name), name)
@@ -105,10 +105,10 @@ class Assistive(unittest.TestCase):
         self.check_names(editor, ["Name", "Unit mass", "Exact mass", "Valence", "%(M+1)/M",
                                   "%(M+2)/M"])
         program.fill("Name", "Na")
-        program.choose("push button", "Change")
+        program.choose("button", "Change")
         program.window("Additional Elements")
         self.check_names(counts, ["F", "Cl", "Br", "I", "Si", "P", "S", "X", "Na"])
-        program.choose("push button", "Show isotopes")
+        program.choose("button", "Show isotopes")
         self.check_names(program.window("Isotopes"), [])
         program.press("ctrl+u")
         update = program.window("Update", seconds=TIME_LIMIT_OF_UPDATE_CHECK)
@@ -135,7 +135,7 @@ class Assistive(unittest.TestCase):
         program.press("Return")
         program.window("Isotopes")
         self.assertEqual(marked(), {"Show isotope data"})
-        program.choose("push button", "Close")
+        program.choose("button", "Close")
         program.window("Peakwright")
         self.assertEqual(marked(), set())
         self.open_counts()
@@ -145,7 +145,7 @@ class Assistive(unittest.TestCase):
     def test_table_gives_its_cells(self):
         program = self.program
         self.open_counts()
-        program.choose("push button", "Show isotopes")
+        program.choose("button", "Show isotopes")
         isotopes = program.window("Isotopes")
         table = find(isotopes, "table", "Isotopes").queryTable()
         self.assertEqual((table.nRows, table.nColumns), (13, 6))
@@ -178,7 +178,7 @@ class Assistive(unittest.TestCase):
                    text.getText(*text.getSelection(0)) == rows, "two rows are selected")
 
         program.press("Escape")
-        program.choose("push button", "More info")
+        program.choose("button", "More info")
         wait_until(lambda: text_of(program.results).endswith("each formula.\n\n"),
                    "the explanation is there")
         program.tab_to("text", "Results")
@@ -203,10 +203,10 @@ class Assistive(unittest.TestCase):
         for name, cell in {"Name": "Na", "Unit mass": "23", "Exact mass": "22.98977",
                            "Valence": "1", "%(M+1)/M": "0", "%(M+2)/M": "0"}.items():
             program.fill(name, cell)
-        program.choose("push button", "Change")
+        program.choose("button", "Change")
         program.window("Additional Elements")
         program.fill("Na", "1")
-        program.choose("push button", "Run")
+        program.choose("button", "Run")
         program.window("Peakwright")
         expected = ("1 Cl\n2 S\n1 Na\n"
                     "    MASS    16  C  H  N  O    M+1    M+2  RDB\n"

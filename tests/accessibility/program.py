@@ -21,10 +21,15 @@ def has(node, state):
     return node.getState().contains(state)
 
 
+def role_of(node):
+    """The role's name; until at-spi 2.56 a button was a "push button"."""
+    return node.getRoleName().removeprefix("push ")
+
+
 def walk(node, closed=()):
     """node and all below it; nothing below nodes whose role is in closed."""
     yield node
-    if node.getRoleName() not in closed:
+    if role_of(node) not in closed:
         for child in node:
             yield from walk(child, closed)
 
@@ -32,7 +37,7 @@ def walk(node, closed=()):
 def find(node, role, name):
     """The one control of that role and name below node, or None."""
     found = [each for each in walk(node, closed=("table",))
-             if each.getRoleName() == role and each.name == name]
+             if role_of(each) == role and each.name == name]
     assert len(found) < 2, f"{len(found)} of {role} {name!r}"
     return found[0] if found else None
 
@@ -89,7 +94,7 @@ class Program:
         frame = self.active()
         for node in walk(frame, ("table", "combo box", "menu bar")) if frame else []:
             if has(node, STATE_FOCUSED):
-                return node.getRoleName(), node.name
+                return role_of(node), node.name
         return None
 
     @staticmethod

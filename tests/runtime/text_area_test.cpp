@@ -22,7 +22,7 @@ namespace {
 std::string Rows(int count, char lineEnd) {
   std::string rows;
   for (int i = 1; i <= count; ++i) {
-    std::array<char, 46> row{};
+    std::array<char, 2048> row{};  // as GCC 14 reckons with the longest of Doubles
     std::snprintf(row.data(), row.size(), "%4d)%9.4f%3.0d%3.0d%3.0d%3.0d %6.2f %6.2f %4.1f",
                   i % 10000, i / 3.0, i % 7, i % 103, i % 3, i % 2, i / 7.0, i / 90.0, i % 5 / 2.0);
     rows += row.data();

@@ -26,7 +26,7 @@ class TlsServer : public QSslServer {
   TlsServer() {
     const QTemporaryDir made;
     QFile pem(made.filePath("pem"));
-    QProcess::execute(OPENSSL_COMMAND,
+    QProcess::execute(QStringLiteral("openssl"),
                       {"req", "-x509", "-newkey", "ec", "-pkeyopt", "ec_paramgen_curve:prime256v1",
                        "-nodes", "-batch", "-keyout", pem.fileName(), "-out", pem.fileName()});
     pem.open(QIODevice::ReadOnly);
