@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <limits>
 
-#include <QFontDatabase>
-#include <QFontInfo>
+#include <QFont>
 #include <QScrollBar>
 
 #include "runtime/appearance.h"
 #include "runtime/caption_text.h"
+#include "runtime/monospaced_face.h"
 #include "runtime/text_area_view.h"
 
 namespace peakwright {
@@ -52,12 +52,9 @@ void DesktopTextArea::VerticalScrollPosition(std::int64_t line) {
 
 void DesktopTextArea::FontName(std::string_view name) {
   QFont font = View(*this).font();
-  font.setFamily(ToQString(name));
+  font.setFamily(MonospacedFamily(ToQString(name)));
   font.setStyleHint(QFont::Monospace, QFont::PreferOutline);
   font.setFixedPitch(true);
-  if (!QFontInfo(font).fixedPitch()) {
-    font.setFamily(QFontDatabase::systemFont(QFontDatabase::FixedFont).family());
-  }
   View(*this).setFont(font);
 }
 

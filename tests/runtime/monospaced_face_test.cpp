@@ -1,0 +1,18 @@
+#include "runtime/monospaced_face.h"
+
+#include <QFont>
+#include <QFontMetricsF>
+#include <gtest/gtest.h>
+
+namespace peakwright {
+
+TEST(MonospacedFace, KeepsTheReportsColumnsWhateverIsInstalled) {
+  QFont font(MonospacedFamily(QStringLiteral("Courier")));
+  font.setPixelSize(16);
+  const QFontMetricsF metrics(font);
+  const double row = metrics.horizontalAdvance(QString(45, u'0'));
+  EXPECT_EQ(metrics.horizontalAdvance(QString(45, u'.')), row);
+  EXPECT_LE(row, 460) << "a row is wider than the results";
+}
+
+}  // namespace peakwright
