@@ -5,14 +5,16 @@
 
 #include <QApplication>
 #include <QColor>
+#include <QPalette>
+#include <QStyle>
+#include <QWidget>
+#if QT_VERSION < QT_VERSION_CHECK(6, 5, 0) && defined(Q_OS_LINUX)
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusVariant>
-#include <QPalette>
-#include <QStyle>
-#include <QWidget>
+#endif
 
 #include "runtime/color.h"
 
