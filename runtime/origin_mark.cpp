@@ -23,6 +23,11 @@ void MarkOrigin(const FolderItem& file, const QUrl& origin) {
       "0081;" + QByteArray::number(QDateTime::currentSecsSinceEpoch(), 16) + ";Peakwright;";
   setxattr(path.constData(), "com.apple.quarantine", mark.constData(),
            static_cast<std::size_t>(mark.size()), 0, 0);
+#elif defined(_WIN32)
+  constexpr auto kInternet = "3";
+  QFile zone(QString::fromStdString(file.NativePath()) + QStringLiteral(":Zone.Identifier"));
+  if (!zone.open(QIODevice::WriteOnly)) return;
+  zone.write(QByteArray("[ZoneTransfer]\r\nZoneId=") + kInternet + "\r\nHostUrl=" + url + "\r\n");
 #endif
 }
 
