@@ -62,7 +62,8 @@ class URLConnection::Transfer : public QObject {
         url_(url),
         target_(target),
         file_(std::in_place, ToQString(target.NativePath())) {
-    if (!file_->open(QIODevice::WriteOnly)) {
+    // With a buffer in between the toolkit loses the reason for a failure.
+    if (!file_->open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
       QTimer::singleShot(0, this, [this] { FailToStore(); });
       return;
     }
@@ -82,8 +83,7 @@ class URLConnection::Transfer : public QObject {
  private:
   void Receive(const std::string& data) {
     silentTicks_ = 0;
-    if (file_->write(data.data(), static_cast<qint64>(data.size())) !=
-        static_cast<qint64>(data.size())) {
+    if (!Store(data)) {
       FailToStore();
       return;
     }
@@ -92,6 +92,15 @@ class URLConnection::Transfer : public QObject {
       if (!owner_.ReceivingProgressed) return;
       owner_.ReceivingProgressed(owner_, received_, request_->AnnouncedLength(), data);
     });
+  }
+
+  bool Store(std::string_view data) {
+    while (!data.empty()) {  // A disk that is nearly full takes some and gives its reason next.
+      const qint64 stored = file_->write(data.data(), static_cast<qint64>(data.size()));
+      if (stored <= 0) return false;
+      data.remove_prefix(static_cast<std::size_t>(stored));
+    }
+    return true;
   }
 
   void End(const QString& failure) {

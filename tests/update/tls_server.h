@@ -1,13 +1,15 @@
 #pragma once
 
 #include <map>
+#include <sys/socket.h>
 
 #include <QtNetwork>
 #include <gtest/gtest.h>
 
 namespace peakwright {
 
-enum Then { Close, Stay, Trickle };  // Trickle: the last 20 bytes go one by one, 70 ms apart.
+/// Trickle: the last 20 bytes go one by one, 70 ms apart. Cut: closes without a word.
+enum Then { Close, Stay, Trickle, Cut };
 
 /// A reply with this body, which announces `length` bytes.
 inline QByteArray Http(const QByteArray& body, qsizetype length = -1,
@@ -52,6 +54,8 @@ class TlsServer : public QSslServer {
     const auto& [bytes, then] = replies[heads.back().split(' ').value(1)];
     client.write(then == Trickle ? bytes.chopped(20) : bytes);
     if (then == Close) client.disconnectFromHost();
+    if (then == Cut && client.flush())
+      shutdown(static_cast<int>(client.socketDescriptor()), SHUT_RDWR);
     for (int n = 1; then == Trickle && n <= 20; ++n) {
       QTimer::singleShot(70 * n, &client,
                          [&client, byte = bytes.last(21 - n).first(1)] { client.write(byte); });

@@ -1,3 +1,8 @@
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/xattr.h>
+
+#include <QLabel>
 #include <QProgressBar>
 #include <QtTest>
 
@@ -42,6 +47,9 @@ class Update : public testing::Test {
     QFile file(folder.filePath("archive.zip"));
     EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write("fails"));
     file.close();
+    file.setPermissions(file.permissions() | QFile::ExeOwner | QFile::ExeOther);
+    const QByteArray path = file.fileName().toUtf8();
+    const bool takesMarks = setxattr(path, "user.xdg.origin.url", "former", 6, 0) == 0;
     std::int64_t size = 0;
     bool over = false;
     connection_.ReceivingProgressed = [&](auto&, auto received, auto, auto more) {
@@ -55,7 +63,15 @@ class Update : public testing::Test {
     EXPECT_TRUE(QTest::qWaitFor([&] { return over; }));
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1);
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    return file.readAll().toStdString();
+    const std::string content = file.readAll().toStdString();
+    std::array<char, 1000> mark{};
+    getxattr(path, "user.xdg.origin.url", mark.data(), mark.size());
+    if (takesMarks && content != "fails") {
+      EXPECT_EQ(mark.data(), url.ends_with("/5") ? Module1::websource + "body" : url);
+    }
+    EXPECT_EQ(file.permissions().testFlag(QFile::ExeOther), content == "fails")
+        << "older file only";
+    return content;
   }
 
   /// Presses "Download" with this reply to come.
@@ -96,6 +112,9 @@ TEST_F(Update, TransfersAWholeBodyOrFails) {
       {"/no-length", "HTTP/1.1 200 OK\r\n\r\nbody", "body"},
       {"/chunks", chunks + "0\r\n\r\n", "body", "body", Stay},
       {"/404", Http("none", 4, "404 Not Found"), "none"},
+      {"/400", Http("none", 4, "400 Bad Request"), "none"},
+      {"/407", Http("none", 4, "407 Proxy Authentication Required"), "none"},
+      {"/418", Http("none", 4, "418 I'm a teapot"), "none"},
       {"/500", Http("", 0, "500 Internal Server Error"), ""},
       {"/large", Http(large.c_str()), large.substr(0, 1000), large, Stay},
       {"/5", Redirect("/4"), "body"},
@@ -105,6 +124,10 @@ TEST_F(Update, TransfersAWholeBodyOrFails) {
       {"/cut", Http("body", 5000000000), "fails"},
       {"/cut-chunks", chunks, "fails"},
       {"/cut-at-once", "", "fails"},
+      {"/cut-unsaid", "HTTP/1.1 200 OK\r\n\r\nbody", "fails", "fails", Cut},
+      {"/no-chunk", QByteArray(chunks).replace("4\r\nbody", "zz"), "fails"},
+      {"/overflow", Http("", 0).replace(": 0", ": 1" + QByteArray(25, '0')), "fails"},
+      {"/endless", "HTTP/1.1 200 OK\r\nX: " + QByteArray(70000, 'x'), "fails", "fails", Stay},
       {"/stall", Http("body", 40), "fails", "fails", Stay},
       {"/slow", Http(slow.c_str()), "fails", slow, Trickle},
       {"//127.0.0.1:" + QByteArray::number(bare.serverPort()), "", "fails"},
@@ -194,6 +217,43 @@ TEST_F(Update, DownloadsAgainAfterAFailureThenOpensAndCloses) {
   EXPECT_EQ(Desktop(), QStringList("Peakwright.app.zip"));
   EXPECT_EQ(server_.heads.size(), 3) << "one check, two downloads";
   EXPECT_FALSE(Window().ProgressBar1.Visible()) << "not a new window";
+}
+
+TEST_F(Update, TellsThatTheArchiveCannotBeSaved) {
+  const auto was = std::signal(SIGXFSZ, SIG_IGN);
+  const rlimit full{1 << 20, RLIM_INFINITY}, none{RLIM_INFINITY, RLIM_INFINITY};
+  Window();
+  setrlimit(RLIMIT_FSIZE, &full);
+  PressDownload(Http(QByteArray(2 << 20, 'x')), Stay);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !Window().ProgressBar1.Visible(); }));
+  setrlimit(RLIMIT_FSIZE, &none);
+  std::signal(SIGXFSZ, was);
+  EXPECT_EQ(Window().StaticText1.Text(),
+            "The archive could not be saved to the desktop.\nThe system says: File too large.");
+  EXPECT_TRUE(Desktop().isEmpty());
+}
+
+TEST_F(Update, KeepsItsOwnWordsInViewWhateverTheReply) {
+  const QString version = "You are running version 1.70 December 28, 2021";
+  for (const QByteArray& reply : {QByteArray(kLongestVersionFile, '9'),
+                                  QByteArray("2 ").repeated(500), QByteArray("9\r\n").repeated(90),
+                                  QByteArray("0").repeated(90), QByteArray("0\n").repeated(90),
+                                  QByteArray("9\0\b\x1b\xE2\x80\xAE\xE2\x81\xA6\xD8\x9C", 13)}) {
+    server_.replies["/peakwright_version.txt"] = {Http(reply), Close};
+    const std::string text = Window().StaticText1.Text();
+    EXPECT_NE(text.find(reply.toStdString()), std::string::npos) << "unchanged";
+    auto& label = static_cast<QLabel&>(*Window().StaticText1.Native());
+    const QString shown = label.text();
+    EXPECT_TRUE(shown.contains(version)) << shown.toStdString();
+    EXPECT_EQ(shown.endsWith("Download latest version to desktop?"), reply[0] > '0');
+    const QRect room(0, 0, label.width(), 10000);
+    const QRect taken = label.fontMetrics().boundingRect(room, Qt::TextWordWrap, shown);
+    EXPECT_TRUE(label.rect().contains(taken)) << shown.toStdString();
+    EXPECT_FALSE(
+        shown.contains(QRegularExpression("[\\x00-\\x09\\x0b-\\x1f\\x{61c}\\x{2028}-\\x{2069}]")));
+    EXPECT_EQ(label.accessibleName().toUtf8(), QByteArray::fromStdString(text));
+    Window().PushButton1.Press();
+  }
 }
 
 TEST_F(Update, ShowsProgressAndEndsItWhenClosed) {

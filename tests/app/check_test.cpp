@@ -1,0 +1,121 @@
+// What the user does while the program waits for the update server.
+
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+#include "engine/global_strings.h"
+#include "runtime/network.h"
+#include "tests/support/listing_58.h"
+#include "tests/support/program.h"
+#include "update/update_window.h"
+
+namespace peakwright {
+namespace {
+
+class Check : public testing::Test {
+ protected:
+  Check() {
+    server_.listen(QHostAddress::LocalHost);
+    Module1::websource = "https://127.0.0.1:" + std::to_string(server_.serverPort()) + "/";
+    Network::AnswerWith([] { return true; });
+  }
+
+  /// Chooses the command. The server takes the call and keeps silent.
+  void Begin() {
+    Program::Choose("FileUpdate");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return server_.hasPendingConnections(); }));
+    call_ = server_.nextPendingConnection();
+  }
+
+  void End() { call_->disconnectFromHost(); }
+
+  static bool IsShown() { return Program::Shown(WindowDownload::Instance()); }
+
+  Program program_;
+  QWindow* window_ = program_.Main().Native()->windowHandle();
+  QTcpServer server_;
+  QTcpSocket* call_ = nullptr;
+};
+
+TEST_F(Check, KeepsWhatTheUserDoesAndCarriesItOutAfterwards) {
+  TextWindow& main = program_.Main();
+  Program::Focus(main.textfield1);
+  const std::string before = program_.Results();
+  Begin();
+  QTest::keyClick(window_, Qt::Key_Escape);
+  for (const auto& key : {Qt::Key_5, Qt::Key_8, Qt::Key_Return}) QTest::keyClick(window_, key);
+  main.checkbox1.Value(true);
+  QTest::keyClick(window_, Qt::Key_R, Qt::ControlModifier);
+  const QPoint more = main.PushButton3.Native()->mapTo(main.Native(), QPoint(8, 8));
+  QTest::mouseClick(window_, Qt::LeftButton, {}, more);
+  Program::Choose("FileUpdate");
+  QTest::qWait(50);
+  EXPECT_EQ(main.textfield1.Text(), "100");
+  EXPECT_EQ(program_.Results(), before);
+  EXPECT_FALSE(IsShown());
+  End();
+  ASSERT_TRUE(QTest::qWaitFor([] { return IsShown(); }));
+  EXPECT_TRUE(WindowDownload::Instance().StaticText1.Text().starts_with("Web connection was"));
+  const std::string results = program_.Results();
+  EXPECT_TRUE(results.starts_with(kListing58)) << results;
+  std::size_t listings = 0;
+  for (std::size_t at = 0; (at = results.find("MASS", at)) != std::string::npos; ++at) ++listings;
+  EXPECT_EQ(listings, 3U) << "Return, the check box, and Ctrl+R";
+  EXPECT_GT(results.find("PEAKWRIGHT"), results.rfind("MASS")) << "the click came last";
+  EXPECT_FALSE(server_.hasPendingConnections()) << "one check";
+}
+
+TEST_F(Check, ClosesItsWindowAfterwardsIfAskedMeanwhile) {
+  Begin();
+  const QPointer<QWidget> window = WindowDownload::Instance().Native();
+  Program::Choose("FileUpdate");
+  WindowDownload::Instance().PushButton1.Press();
+  WindowDownload::Instance().PushButton1.Press();
+  QTest::qWait(50);
+  EXPECT_NE(window, nullptr);
+  End();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return window == nullptr; }));
+  Begin();
+  WindowDownload::Instance().Close();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return call_->state() == QTcpSocket::UnconnectedState; }));
+  Program::Type(program_.Main().textfield1, "58");
+  QTest::keyClick(window_, Qt::Key_Return);
+  EXPECT_TRUE(program_.Results().ends_with(kListing58)) << "nobody waits any more";
+}
+
+TEST_F(Check, EndsAtOnceWithTheProgram) {
+  const std::function<void()> kEnds[] = {
+      [&] { QTest::keyClick(window_, Qt::Key_Q, Qt::ControlModifier); },
+      [] { Program::Choose("FileQuit"); },
+      [&] {
+        QTest::mousePress(window_, Qt::LeftButton, {}, QPoint(8, 8));
+        QWidget* menu = QApplication::activePopupWidget();
+        for (const auto& key : {Qt::Key_Up, Qt::Key_Return}) {
+          if (menu != nullptr) QTest::keyClick(menu->windowHandle(), key);
+        }
+      },
+      [] {
+        QEvent request(QEvent::Quit);
+        QCoreApplication::sendEvent(QCoreApplication::instance(), &request);
+        EXPECT_TRUE(request.isAccepted());
+      },
+      [&] { EXPECT_TRUE(window_->close()); },
+  };
+  Window3::Instance().Show();  // A window without a close button is no objection.
+  QTimer::singleShot(20000, &server_, [] { DesktopApplication::Current().Quit(1); });
+  for (const auto& end : kEnds) {
+    QTimer::singleShot(0, &server_, [&] {
+      Begin();
+      end();
+    });
+    EXPECT_EQ(program_.Run([] {}), 0);
+    EXPECT_FALSE(IsShown()) << "the check was still waiting";
+    WindowDownload::Instance().Close();
+    QTest::qWait(10);
+  }
+}
+
+}  // namespace
+}  // namespace peakwright

@@ -1,0 +1,67 @@
+#include <QMessageBox>
+#include <QPushButton>
+#include <gtest/gtest.h>
+
+#include "runtime/network.h"
+#include "tests/support/program.h"
+#include "update/update_window.h"
+
+namespace peakwright {
+namespace {
+
+/// The program with its own box for exceptions.
+class Ending : public testing::Test {
+ protected:
+  Ending() {
+    Network::AnswerWith([] { return false; });
+    app_.BringUp();
+    window_ = Update().Native();
+  }
+
+  static WindowDownload& Update() { return WindowDownload::Instance(); }
+
+  static QMessageBox* Box() {
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+      if (auto* box = qobject_cast<QMessageBox*>(widget); box && box->isVisible()) return box;
+    }
+    return nullptr;
+  }
+
+  int argc_ = 0;
+  App app_{argc_, nullptr};
+  QPointer<QWidget> window_;
+};
+
+TEST_F(Ending, OfAWindowWaitsForItsHandlers) {
+  Update().PushButton1.Pressed = [&] {
+    Update().Close();
+    QTest::qWait(50);  // As a dialog would.
+    EXPECT_NE(window_, nullptr);
+  };
+  QTest::mouseClick(Update().PushButton1.Native(), Qt::LeftButton);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return window_ == nullptr; }));
+}
+
+TEST_F(Ending, OfAWindowLeavesTheBoxForExceptions) {
+  std::string what = "no luck";
+  Update().PushButton1.Pressed = [&] { throw std::runtime_error(what); };
+  TextWindow::Instance().CheckForUpdates = Update().PushButton1.Pressed;
+  Update().Native()->activateWindow();
+  Update().PushButton1.Press();
+  ASSERT_NE(Box(), nullptr) << "the handler has returned";
+  Update().Close();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return window_ == nullptr; }));
+  for (const char* next : {"no luck", "<b>again</b>"}) {
+    what = next;
+    Program::Choose("FileUpdate");
+  }
+  EXPECT_EQ(Box()->informativeText(), "no luck\n<b>again</b>");
+  Box()->button(QMessageBox::Ok)->click();
+  EXPECT_EQ(Box(), nullptr);
+  Program::Choose("FileUpdate");
+  EXPECT_EQ(Box()->informativeText(), "<b>again</b>");
+  // The program ends with the box up.
+}
+
+}  // namespace
+}  // namespace peakwright
