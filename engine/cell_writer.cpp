@@ -2,69 +2,47 @@
 
 #include <algorithm>
 #include <cmath>
-#include <string>
-
-#include "engine/format.h"
+#include <limits>
 
 namespace peakwright {
 namespace {
 
-constexpr FourDigitTable NumbersPaddedWith(char padding) {
-  FourDigitTable numbers{};
-  for (std::size_t number = 0; number < numbers.size(); ++number) {
-    std::size_t rest = number;
-    for (std::size_t place = 4; place-- > 0; rest /= 10) {
-      numbers[number][place] = rest == 0 ? padding : static_cast<char>('0' + rest % 10);
-    }
-  }
-  return numbers;
-}
+constexpr int kMantissaBits = std::numeric_limits<float>::digits;
 
-/// The last four digits of `value`, a whole number from 2^24 up; in steps that stay within 64 bits.
-std::uint64_t LastFourDigits(float value) {
-  constexpr int kMantissaBits = 24;
-  int exponent = 0;
-  const float mantissa = std::ldexp(std::frexp(value, &exponent), kMantissaBits);
-  auto rest = static_cast<std::uint64_t>(mantissa);
-  for (int left = exponent - kMantissaBits; left > 0;) {
-    const int step = std::min(left, 48);
-    rest = (rest % 10000) << step;
-    left -= step;
-  }
-  return rest % 10000;
-}
+/// The last four digits of the powers of 2 from 1 to the highest in a Single.
+constexpr auto kPowersOfTwo = [] {
+  std::array<std::uint32_t, std::numeric_limits<float>::max_exponent - kMantissaBits + 1> powers{1};
+  for (std::size_t i = 1; i < powers.size(); ++i) powers[i] = powers[i - 1] * 2 % 10000;
+  return powers;
+}();
 
 }  // namespace
 
-constinit const FourDigitTable kBlankPadded = NumbersPaddedWith(' ');
-constinit const FourDigitTable kZeroPadded = NumbersPaddedWith('0');
-
-void WriteAny(char* cell, const CellMask& mask, float value) {
-  if (!std::isfinite(value)) {
-    const std::string text = Module1::align(mask.text, value);
-    std::copy(text.begin(), text.end(), cell);
-    return;
-  }
-
-  // From 2^24 up a Single has no fraction, and of the rest the cell shows the last four digits.
-  constexpr float kNoFraction = 16777216;
-  float magnitude = std::abs(value);
-  if (magnitude >= kNoFraction) {
-    magnitude = static_cast<float>(10000 + LastFourDigits(magnitude));
-  }
-  // NOLINTNEXTLINE(bugprone-incorrect-roundings): neither negative nor inexact
-  const auto units = static_cast<std::int64_t>(double{magnitude} * mask.scale + 0.5);
-  const auto whole = static_cast<std::size_t>(units / mask.scale);
-  char* const point = cell + mask.places;
-  std::memcpy(point - 4, (whole < 10000 ? kBlankPadded : kZeroPadded)[whole % 10000].data(), 4);
-  const FourDigits& fraction = kZeroPadded[static_cast<std::size_t>(units % mask.scale)];
-  std::memcpy(point + 1, fraction.data() + 4 - mask.decimals, mask.decimals);
-  if (value < 0 && units > 0) {
-    char* sign = point;  // which goes into the last blank; a number without one has lost it
-    while (sign != cell && *--sign != ' ') {
+constinit const std::array<FourDigits, 20001> kFourDigits = [] {
+  std::array<FourDigits, 20001> numbers{};
+  for (std::size_t number = 0; number < numbers.size(); ++number) {
+    std::size_t rest = number;
+    for (std::size_t place = 4; place-- > 0; rest /= 10) {
+      numbers[number][place] = rest == 0 ? ' ' : static_cast<char>('0' + rest % 10);
     }
-    if (*sign == ' ') *sign = '-';
   }
+  return numbers;
+}();
+
+std::uint32_t LastFourDigits(float value) {
+  constexpr std::uint32_t kLeadingBit = 1U << (kMantissaBits - 1);
+  constexpr std::uint32_t kBias =  // of the exponent, for a mantissa that is a whole number
+      std::numeric_limits<float>::max_exponent - 2 + kMantissaBits;
+  const std::uint32_t mantissa = Rank(value) % kLeadingBit + kLeadingBit;
+  return mantissa % 10000 * kPowersOfTwo[Rank(value) / kLeadingBit - kBias] % 10000;
+}
+
+void WriteNotFinite(char* cell, const CellMask& mask, float value) {
+  const std::string_view text = std::isnan(value) ? "nan" : value < 0 ? "-inf" : "inf";
+  const std::size_t width = mask.text.size();
+  std::memset(cell, ' ', width);
+  const std::size_t written = std::min(text.size(), width);
+  std::memcpy(cell + width - written, text.data() + text.size() - written, written);
 }
 
 }  // namespace peakwright

@@ -2,8 +2,10 @@
 
 #include <array>
 #include <bit>
+#include <cmath>
 #include <cstdint>
 #include <cstring>
+#include <limits>
 #include <string_view>
 
 /// Writes the cells of a report row in place: the same characters as Module1::align, without a text
@@ -12,10 +14,10 @@
 /// three before its point spoils the last character of the cell to its left.
 namespace peakwright {
 
-/// A mask of the form " ###.0000", taken apart.
+/// A mask of the form " ###.0000" or "####)", taken apart.
 struct CellMask {
   constexpr explicit CellMask(std::string_view mask)
-      : text(mask), places(mask.substr(0, mask.find('.')).size()) {
+      : text(mask), places(mask.substr(0, mask.find_first_of(".)")).size()) {
     if (places < mask.size()) decimals = mask.size() - places - 1;
     for (std::size_t i = 0; i < decimals; ++i) scale *= 10;
   }
@@ -27,54 +29,74 @@ struct CellMask {
 };
 
 using FourDigits = std::array<char, 4>;
-using FourDigitTable = std::array<FourDigits, 10000>;
 
-extern const FourDigitTable kBlankPadded;  ///< 0 to 9999, padded with blanks; 0 is all blank
-extern const FourDigitTable kZeroPadded;   ///< 0 to 9999, padded with zeros
+/// The four characters before a point: the numbers up to 9999, padded with blanks and 0 all blank,
+/// and from 10000 to 20000 the last four digits.
+extern const std::array<FourDigits, 20001> kFourDigits;
 
-/// Values from 0 up to below this are common: their digits are those of the tables.
-inline constexpr float kEndOfCommon = 9999;
-
-/// The place of a Single among all: in the order of their values from 0 up, all others above them.
+/// The place of a Single among all: in the order of their values from 0 up to infinity, behind
+/// which come those that are negative or no numbers.
 inline std::uint32_t Rank(float value) { return std::bit_cast<std::uint32_t>(value); }
 
-/// A common value in units of the last decimal, `scale` of them to 1.
-inline std::uint32_t InUnits(float value, std::uint32_t scale) {
-  // Exact: the 24 bits of a Single times the 10 of 625 fit in a Double, as does the half added.
-  // NOLINTNEXTLINE(bugprone-incorrect-roundings): neither negative nor inexact
-  return static_cast<std::uint32_t>(static_cast<std::int32_t>(double{value} * scale + 0.5));
+/// From here up a Single has no fraction.
+inline constexpr float kEndOfFractions = 1U << std::numeric_limits<float>::digits;
+
+/// The last four digits of a finite value from kEndOfFractions up.
+std::uint32_t LastFourDigits(float value);
+
+/// A value from 0 up with the whole part that its cell shows: from 10000 on only the last four
+/// digits, behind a 1.
+inline float Shown(float value) {
+  if (value < 10000) return value;
+  if (value >= kEndOfFractions) return static_cast<float>(10000 + LastFourDigits(value));
+  const std::uint32_t tenThousands = static_cast<std::uint32_t>(value) / 10000;
+  return value - static_cast<float>((tenThousands - 1) * 10000);
 }
 
-/// Writes a number of at most 9999 by a mask without decimals, or before the point of one with.
+/// What Shown() gave in units of the last decimal, `scale` of them to 1.
+inline std::uint32_t InUnits(float shown, std::uint32_t scale) {
+  // Exact: the 24 bits of a Single times the 10 of 625 fit in a Double, as does the half added.
+  // NOLINTNEXTLINE(bugprone-incorrect-roundings): neither negative nor inexact
+  return static_cast<std::uint32_t>(static_cast<std::int32_t>(double{shown} * scale + 0.5));
+}
+
+/// Likewise a count from 0 up, which goes through a Single as all values do.
+inline std::uint32_t ShownCount(std::int64_t count) {
+  if (count < 10000) return static_cast<std::uint32_t>(count);
+  const auto single = static_cast<std::uint64_t>(static_cast<float>(count));
+  return static_cast<std::uint32_t>(10000 + single % 10000);
+}
+
+/// Writes a number of at most 20000 by a mask without decimals, or before the point of one with.
 inline void WriteWhole(char* cell, const CellMask& mask, std::uint32_t number) {
-  std::memcpy(cell + mask.places - 4, kBlankPadded[number].data(), 4);
+  std::memcpy(cell + mask.places - 4, kFourDigits[number].data(), 4);
 }
 
 /// Writes a value that is cut at its point.
 inline void WriteDigits(char* cell, const CellMask& mask, std::uint32_t whole,
                         std::uint32_t fraction) {
   WriteWhole(cell, mask, whole);
-  std::memcpy(cell + mask.places + 1, kZeroPadded[fraction].data() + 4 - mask.decimals,
+  std::memcpy(cell + mask.places + 1, kFourDigits[10000 + fraction].data() + 4 - mask.decimals,
               mask.decimals);
 }
 
-/// Writes any value.
-void WriteAny(char* cell, const CellMask& mask, float value);
-
-/// Writes `value` by `mask`.
-inline void WriteCell(char* cell, const CellMask& mask, float value) {
-  if (Rank(value) >= Rank(kEndOfCommon)) return WriteAny(cell, mask, value);
-  const std::uint32_t units = InUnits(value, mask.scale);
-  WriteDigits(cell, mask, units / mask.scale, units % mask.scale);
+/// Writes the sign of a negative number into the last blank; one without a blank has lost it.
+inline void WriteSign(char* cell, const CellMask& mask, std::uint32_t whole) {
+  const std::size_t digits = 0U + (whole > 0) + (whole > 9) + (whole > 99) + (whole > 999);
+  if (digits < mask.places) cell[mask.places - 1 - digits] = '-';
 }
 
-/// Writes the last four digits of `number`, 1 or more, which goes through a Single as all values
-/// do.
-inline void WriteRowNumber(char* cell, std::int64_t number) {
-  const auto shown =
-      static_cast<std::size_t>(static_cast<std::int64_t>(static_cast<float>(number)));
-  const FourDigits& digits = shown < 10000 ? kBlankPadded[shown] : kZeroPadded[shown % 10000];
-  std::memcpy(cell, digits.data(), 4);
+/// Writes what is infinite or no number.
+void WriteNotFinite(char* cell, const CellMask& mask, float value);
+
+/// Writes any value.
+template <const CellMask& kMask>
+void WriteCell(char* cell, float value) {
+  if (!std::isfinite(value)) return WriteNotFinite(cell, kMask, value);
+  const std::uint32_t units = InUnits(Shown(std::abs(value)), kMask.scale);
+  const std::uint32_t whole = units / kMask.scale;
+  WriteDigits(cell, kMask, whole, units % kMask.scale);
+  if (value < 0 && units > 0) WriteSign(cell, kMask, whole);
 }
 
 }  // namespace peakwright

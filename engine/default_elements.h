@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <string_view>
 
 namespace peakwright {
@@ -21,5 +22,16 @@ inline constexpr std::string_view kInitialElements =
     "S\t32\t31.9721\t2\t0.80\t4.44\r"
     "X\t0\t0\t0\t0\t0\r"
     "Xx\t0\t0\t0\t0\t0";
+
+/// Number of elements, and of cells that each has.
+inline constexpr auto kElementCount =
+    static_cast<int>(std::count(kInitialElements.begin(), kInitialElements.end(), '\r'));
+inline constexpr int kElementColumns = [] {
+  const auto end = std::find(kInitialElements.begin(), kInitialElements.end(), '\r');
+  return static_cast<int>(std::count(kInitialElements.begin(), end, '\t')) + 1;
+}();
+static_assert(std::count(kInitialElements.begin(), kInitialElements.end(), '\t') ==
+                  (kElementCount + 1) * (kElementColumns - 1),
+              "each line has as many cells as the headings");
 
 }  // namespace peakwright

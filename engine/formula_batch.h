@@ -10,46 +10,59 @@
 
 namespace peakwright {
 
-/// Formulas of one number of C, with at most 9999 atoms of each element, that are worked out
-/// together: an array for each of their numbers, so that the compiler can take several at a time.
+/// Formulas that are worked out together: an array for each of their numbers, so that the compiler
+/// can take several at a time.
 struct FormulaBatch {
   static constexpr std::size_t kCapacity = 128;
 
   template <typename T>
   using Each = std::array<T, kCapacity>;
 
-  /// A value of each formula as the digits of its cell.
+  /// A value of each formula, and the digits of its cell.
   struct Column {
+    Each<float> value;
+    bool plain;  ///< all are finite and none is negative; else there are no digits
     Each<std::uint32_t> whole;
     Each<std::uint32_t> fraction;
   };
 
-  /// Adds formulas of so many O whose N rises from `firstN`: `count` of them, or as many as there
-  /// is room for. Tells how many.
-  std::int32_t Add(std::int32_t atomsO, std::int32_t firstN, std::int32_t count) {
-    const std::int32_t added = std::min(count, static_cast<std::int32_t>(kCapacity - size));
-    for (std::int32_t i = 0; i < added; ++i, ++size) {
+  /// Adds formulas of so many C and O whose N rises from `firstN`: `count` of them, or as many as
+  /// there is room for. Tells how many.
+  std::int64_t Add(std::int64_t atomsC, std::int64_t atomsO, std::int64_t firstN,
+                   std::int64_t count) {
+    const std::int64_t added = std::min(count, static_cast<std::int64_t>(kCapacity - size));
+    for (std::int64_t i = 0; i < added; ++i, ++size) {
+      c[size] = atomsC;
       o[size] = atomsO;
       n[size] = firstN + i;
     }
     return added;
   }
 
-  /// Works out the numbers below from those above; the batch must not be empty. Tells whether all
-  /// values are from 0 up to below 9999; if not, there are no digits of them.
-  bool WorkOut(const UnitMasses& masses, const Sums& sums);
+  /// Drops the formulas that aren't valid; the batch must not be empty.
+  void KeepValid(const UnitMasses& masses, const Sums& sums, bool nitrogenRule);
 
-  std::int32_t c = 0;
-  std::size_t size = 0;  ///< number of formulas
-  Each<std::int32_t> o{};
-  Each<std::int32_t> n{};
+  /// Works out the numbers below from those above; the batch must not be empty.
+  void WorkOut(const UnitMasses& masses, const Sums& sums) {
+    Calculate(masses, sums, 0, Numbers::kAll);
+  }
 
-  Each<std::int32_t> h{};
-  Each<float> rdb{};
-  Column exactDigits{};  ///< mass of the whole formula, u
-  Column m1Digits{};     ///< M+1, percent of M
-  Column m2Digits{};     ///< M+2, percent of M
-  Column rdbDigits{};    ///< rings and double bonds
+  std::size_t size = 0;   ///< number of formulas
+  bool fewAtoms = true;   ///< none has more than 9999 atoms of an element
+  std::size_t valid = 0;  ///< how many from the first on are known to be valid
+  Each<std::int64_t> c{};
+  Each<std::int64_t> o{};
+  Each<std::int64_t> n{};
+
+  Each<std::int64_t> h{};
+  Column exact{};  ///< mass of the whole formula, u
+  Column m1{};     ///< M+1, percent of M
+  Column m2{};     ///< M+2, percent of M
+  Column rdb{};    ///< rings and double bonds
+
+ private:
+  enum class Numbers { kRdbAlone, kAll };
+  void Calculate(const UnitMasses& masses, const Sums& sums, std::size_t first, Numbers numbers);
 };
 
 }  // namespace peakwright

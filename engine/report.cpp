@@ -19,7 +19,7 @@ std::size_t Listing::Length() const {
 
 void Listing::Write(const TextSink& sink) const {
   sink(head_);
-  RowWriter rows(input_, found_.rows, sink);
+  RowWriter rows(input_, found_, sink);
   for (const FormulaSeries& series : found_.series) rows.Append(series);
   rows.Finish();
 }

@@ -21,6 +21,7 @@ inline constexpr std::size_t kM1 = 26;
 inline constexpr std::size_t kM2 = 33;
 inline constexpr std::size_t kRdb = 40;
 
+inline constexpr CellMask kNumberMask("####)");
 inline constexpr CellMask kExactMask(" ###.0000");
 inline constexpr CellMask kCountMask(" ##");
 inline constexpr CellMask kPeakMask(" ###.00");

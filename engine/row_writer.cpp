@@ -2,31 +2,36 @@
 
 #include <algorithm>
 #include <cstring>
-#include <tuple>
 
 #include "engine/cell_writer.h"
 #include "engine/global_strings.h"
-#include "engine/number_text.h"
 #include "engine/row_layout.h"
 
 namespace peakwright {
 namespace {
 
-// Of one element, in a batch: the last number of the tables.
-constexpr auto kMostAtoms = static_cast<std::int64_t>(std::tuple_size_v<FourDigitTable> - 1);
+constexpr std::int64_t kFewAtoms = 9999;  // of an element
 
 constexpr std::int64_t kRowsHandedOver = 512;  // few enough to stay in a processor's cache
 
+/// Writes value `i` of a column; `kPlain` if that is known to be plain.
+template <const CellMask& kMask, bool kPlain>
+void WriteValue(char* cell, const FormulaBatch::Column& column, std::size_t i) {
+  if (kPlain || column.plain) return WriteDigits(cell, kMask, column.whole[i], column.fraction[i]);
+  WriteCell<kMask>(cell, column.value[i]);
+}
+
 }  // namespace
 
-RowWriter::RowWriter(const SearchInput& input, std::int64_t rows, const TextSink& sink)
+RowWriter::RowWriter(const SearchInput& input, const Found& found, const TextSink& sink)
     : masses_(input.elements, input.remainingMass),
       sums_(input.elements, input.totals),
       nitrogenRule_(input.nitrogenRule),
+      allValid_(found.allValid),
       sink_(sink),
       rowLength_(RowLength()) {
   constexpr std::int64_t kFewest = FormulaBatch::kCapacity;
-  const auto blankRows = static_cast<std::size_t>(std::clamp(rows, kFewest, kRowsHandedOver));
+  const auto blankRows = static_cast<std::size_t>(std::clamp(found.rows, kFewest, kRowsHandedOver));
   block_.resize(blankRows * rowLength_);
   Blank();
 }
@@ -36,91 +41,68 @@ std::size_t RowWriter::RowLength() { return kBlankRow.size() + Module1::CR.size(
 void RowWriter::Append(const FormulaSeries& series) {
   const double mostH = masses_.Left(static_cast<double>(series.c), static_cast<double>(series.o),
                                     static_cast<double>(series.firstN));
-  if (std::max({series.c, series.o, series.lastN}) > kMostAtoms || !(mostH <= kMostAtoms)) {
-    AppendBatch();
-    for (std::int64_t n = series.firstN; n <= series.lastN; ++n) AppendAny(series.c, series.o, n);
-    return;
-  }
-
-  const auto c = static_cast<std::int32_t>(series.c);
-  const auto o = static_cast<std::int32_t>(series.o);
-  if (c != batch_.c) AppendBatch();
-  batch_.c = c;
-  const auto lastN = static_cast<std::int32_t>(series.lastN);
-  for (auto n = static_cast<std::int32_t>(series.firstN); n <= lastN;) {
-    n += batch_.Add(o, n, lastN - n + 1);
-    if (batch_.size == FormulaBatch::kCapacity) AppendBatch();
+  const bool few = std::max({series.c, series.o, series.lastN}) <= kFewAtoms && mostH <= kFewAtoms;
+  for (std::int64_t n = series.firstN; n <= series.lastN;) {
+    batch_.fewAtoms = batch_.fewAtoms && few;
+    n += batch_.Add(series.c, series.o, n, series.lastN - n + 1);
+    if (batch_.size == FormulaBatch::kCapacity) {
+      KeepValid();
+      // One that has lost most of its formulas takes up more.
+      if (batch_.size > FormulaBatch::kCapacity / 2) AppendBatch();
+    }
   }
 }
 
 void RowWriter::Finish() {
-  AppendBatch();
+  if (batch_.size > 0) KeepValid();
+  if (batch_.size > 0) AppendBatch();
   HandOver();
 }
 
-void RowWriter::AppendBatch() {
-  if (batch_.size == 0) return;
-  if (batch_.WorkOut(masses_, sums_)) {
-    AppendCommon();
-  } else {
-    for (std::size_t i = 0; i < batch_.size; ++i) AppendAny(batch_.c, batch_.o[i], batch_.n[i]);
-  }
-  batch_.size = 0;
+void RowWriter::KeepValid() {
+  if (!allValid_) batch_.KeepValid(masses_, sums_, nitrogenRule_);
 }
 
-void RowWriter::AppendCommon() {
+void RowWriter::AppendBatch() {
+  batch_.WorkOut(masses_, sums_);
   MakeRoom(batch_.size);
+  const bool digits = batch_.exact.plain && batch_.m1.plain && batch_.m2.plain && batch_.rdb.plain;
+  if (batch_.fewAtoms && digits) {
+    AppendRows<true>();
+  } else {
+    AppendRows<false>();
+    spoiled_ = true;
+  }
+  batch_.size = batch_.valid = 0;
+  batch_.fewAtoms = true;
+}
+
+template <bool kPlain>
+void RowWriter::AppendRows() {
   // What the loop reads is local: for all the compiler knows, a row could overlap the members.
   const FormulaBatch& batch = batch_;
   const std::size_t size = batch.size;
   const std::size_t rowLength = rowLength_;
-  const bool nitrogenRule = nitrogenRule_;
-  const auto c = static_cast<std::uint32_t>(batch.c);
   char* row = row_;
   std::int64_t number = rowNumber_;
   for (std::size_t i = 0; i < size; ++i) {
-    if (!IsValid(batch.rdb[i], nitrogenRule)) continue;
-    const auto write = [row, i](std::size_t place, const CellMask& mask,
-                                const FormulaBatch::Column& column) {
-      WriteDigits(row + place, mask, column.whole[i], column.fraction[i]);
+    WriteValue<kRdbMask, kPlain>(row + kRdb, batch.rdb, i);
+    WriteValue<kPeakMask, kPlain>(row + kM2, batch.m2, i);
+    WriteValue<kPeakMask, kPlain>(row + kM1, batch.m1, i);
+    const auto write = [&](std::size_t place, std::int64_t count) {
+      WriteWhole(row + place, kCountMask,
+                 kPlain ? static_cast<std::uint32_t>(count) : ShownCount(count));
     };
-    write(kRdb, kRdbMask, batch.rdbDigits);
-    write(kM2, kPeakMask, batch.m2Digits);
-    write(kM1, kPeakMask, batch.m1Digits);
-    WriteWhole(row + kCountO, kCountMask, static_cast<std::uint32_t>(batch.o[i]));
-    WriteWhole(row + kCountN, kCountMask, static_cast<std::uint32_t>(batch.n[i]));
-    WriteWhole(row + kCountH, kCountMask, static_cast<std::uint32_t>(batch.h[i]));
-    WriteWhole(row + kCountC, kCountMask, c);
-    write(kExact, kExactMask, batch.exactDigits);
-    WriteRowNumber(row + kNumber, ++number);
+    write(kCountO, batch.o[i]);
+    write(kCountN, batch.n[i]);
+    write(kCountH, batch.h[i]);
+    write(kCountC, batch.c[i]);
+    WriteValue<kExactMask, kPlain>(row + kExact, batch.exact, i);
+    WriteWhole(row + kNumber, kNumberMask, ShownCount(++number));
     row += rowLength;
   }
   row_ = row;
   rowNumber_ = number;
-}
-
-void RowWriter::AppendAny(std::int64_t countC, std::int64_t countO, std::int64_t countN) {
-  const auto c = static_cast<double>(countC);
-  const auto o = static_cast<double>(countO);
-  const auto n = static_cast<double>(countN);
-  const std::int64_t countH = Truncate(masses_.Left(c, o, n));
-  const auto h = static_cast<double>(countH);
-  const float rdb = sums_.Rdb(c, h, n);
-  if (!IsValid(rdb, nitrogenRule_)) return;
-
-  MakeRoom(1);
-  const float m1 = sums_.M1(c, h, n, o);
-  WriteCell(row_ + kRdb, kRdbMask, rdb);
-  WriteCell(row_ + kM2, kPeakMask, sums_.M2(m1, c, h, n, o));
-  WriteCell(row_ + kM1, kPeakMask, m1);
-  WriteCell(row_ + kCountO, kCountMask, static_cast<float>(countO));
-  WriteCell(row_ + kCountN, kCountMask, static_cast<float>(countN));
-  WriteCell(row_ + kCountH, kCountMask, static_cast<float>(countH));
-  WriteCell(row_ + kCountC, kCountMask, static_cast<float>(countC));
-  WriteCell(row_ + kExact, kExactMask, sums_.ExactMass(c, h, n, o));
-  WriteRowNumber(row_ + kNumber, ++rowNumber_);
-  row_ += rowLength_;
-  spoiled_ = true;
 }
 
 void RowWriter::MakeRoom(std::size_t rows) {

@@ -19,8 +19,8 @@ using TextSink = std::function<void(std::string_view)>;
 /// Writes the numbered rows of formulas and hands them to a sink, many at a time.
 class RowWriter {
  public:
-  /// For a listing of `rows` rows. `sink` must outlive the writer.
-  RowWriter(const SearchInput& input, std::int64_t rows, const TextSink& sink);
+  /// For the listing of what was found. `sink` must outlive the writer.
+  RowWriter(const SearchInput& input, const Found& found, const TextSink& sink);
 
   /// Length of a row in bytes.
   static std::size_t RowLength();
@@ -32,9 +32,10 @@ class RowWriter {
   void Finish();
 
  private:
+  void KeepValid();
   void AppendBatch();
-  void AppendCommon();
-  void AppendAny(std::int64_t countC, std::int64_t countO, std::int64_t countN);
+  template <bool kPlain>
+  void AppendRows();
   void MakeRoom(std::size_t rows);
   void HandOver();
   void Blank();
@@ -42,6 +43,7 @@ class RowWriter {
   UnitMasses masses_;
   Sums sums_;
   bool nitrogenRule_;
+  bool allValid_;
   const TextSink& sink_;
   std::size_t rowLength_;
   FormulaBatch batch_;

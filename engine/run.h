@@ -24,8 +24,8 @@ class RunControls {
   /// Whether the numbers of additional atoms count.
   virtual bool AdditionalElements() = 0;
 
-  /// The text of the count field of the additional element `index`, 0 to 8. Asked only while
-  /// AdditionalElements().
+  /// The text of the count field of the additional element `index`, 0 to below
+  /// kAdditionalElementCount. Asked only while AdditionalElements().
   virtual std::string CountText(int index) = 0;
 
   /// Whether only whole molecules are listed.

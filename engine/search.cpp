@@ -9,6 +9,23 @@
 namespace peakwright {
 namespace {
 
+/// The lowest number from which on all below `end` have a property, down to 0, if it rises: whoever
+/// has it, all above have it too. Close to `end` it takes few steps.
+template <typename Property>
+std::int64_t LowestFrom(std::int64_t end, const Property& has) {
+  std::int64_t step = 1;
+  std::int64_t hasNot = end - 1;
+  for (; hasNot >= 0 && has(hasNot); hasNot = std::max<std::int64_t>(end - step, -1)) {
+    end = hasNot;
+    step *= 2;
+  }
+  while (end - hasNot > 1) {
+    const std::int64_t middle = hasNot + (end - hasNot) / 2;
+    (has(middle) ? end : hasNot) = middle;
+  }
+  return end;
+}
+
 /// Numbers of N; none if `last` is below `first`.
 struct Range {
   std::int64_t first;
@@ -32,11 +49,11 @@ class Candidates {
   }
 
   /// Lowers the ends of `range` to the last N that leaves mass for H and to the first from which
-  /// all are valid; in at most `steps` steps, of which it tells how many are left.
-  std::int64_t Lower(Range& range, std::int64_t steps) const {
-    for (; steps > 0 && H(range.last) < 0; --steps) --range.last;
-    for (; steps > 0 && range.first > 0 && Rdb(range.first - 1) >= 0; --steps) --range.first;
-    return steps;
+  /// all are valid.
+  void Lower(Range& range) const {
+    range.last = LowestFrom(range.last + 1, [this](std::int64_t n) { return H(n) < 0; }) - 1;
+    range.first = LowestFrom(std::min(range.first, range.last + 1),
+                             [this](std::int64_t n) { return Rdb(n) >= 0; });
   }
 
   std::int64_t CountValid(Range range, bool nitrogenRule) const {
@@ -84,6 +101,7 @@ Found Search(const SearchInput& input) {
 
   const Sums sums(input.elements, input.totals);
   const bool rdbNeverFalls = RdbNeverFalls(input.elements);
+  found.allValid = rdbNeverFalls && !input.nitrogenRule;
   std::int64_t passesLeft = input.limits.passes;
   // Where RDB may fall, valid formulas can lie anywhere: there every N is looked at.
   Range ofC = {rdbNeverFalls ? maxN + 1 : 0, maxN};
@@ -96,17 +114,16 @@ Found Search(const SearchInput& input) {
       if (!(afterO >= 0)) break;
       // The more C or O, the less N has room, and the less N is needed for a valid formula.
       const Candidates candidates(masses, sums, static_cast<double>(c), afterO);
-      passesLeft = candidates.Lower(range, passesLeft);
+      candidates.Lower(range);
       if (o == 0) ofC = range;
       const std::int64_t tried = range.Size();
-      if (tried >= passesLeft) return {SearchResult::kTooManyPasses, 0, {}};
+      if (tried >= passesLeft) return {SearchResult::kTooManyPasses, 0, {}, false};
       passesLeft -= 1 + tried;
 
-      const bool allValid = rdbNeverFalls && !input.nitrogenRule;
       const std::int64_t valid =
-          allValid ? tried : candidates.CountValid(range, input.nitrogenRule);
+          found.allValid ? tried : candidates.CountValid(range, input.nitrogenRule);
       found.rows += valid;
-      if (found.rows > input.limits.rows) return {SearchResult::kTooManyRows, 0, {}};
+      if (found.rows > input.limits.rows) return {SearchResult::kTooManyRows, 0, {}, false};
       if (valid > 0) found.series.push_back({c, o, range.first, range.last});
     }
   }

@@ -39,6 +39,7 @@ struct Found {
   SearchResult result = SearchResult::kComplete;
   std::int64_t rows = 0;              ///< number of valid formulas
   std::vector<FormulaSeries> series;  ///< in which they are, by rising C, then O
+  bool allValid = false;              ///< all formulas of the series are valid
 };
 
 /// Finds the formulas of C, H, N and O that make up the remaining mass in unit masses and are

@@ -24,7 +24,7 @@ Window1::Window1()
       PushButton3(*this, kRun),
       PopupMenu1(*this, kEditIsotopes),
       PushButton4(*this, kShowIsotopes) {
-  for (int i = 0; i < kFieldCount; ++i) {
+  for (int i = 0; i < kAdditionalElementCount; ++i) {
     Label3(i).Names(textfield1(i));
     Label3(i).MouseDown = [this](int, int) { return Label3_MouseDown(); };
   }
@@ -41,15 +41,16 @@ void Window1::Event_Opening() {
   Top(TextWindow::Instance().Top());
   NameCoreElements();
   const DesktopListBox& table = Window3::Instance().ListBox1;
-  for (int row = kFirstRow; row < table.RowCount(); ++row) {
-    Label3(row - kFirstRow).Text(table.CellTextAt(row, 0));
+  for (int i = 0; i < kAdditionalElementCount; ++i) {
+    Label3(i).Text(table.CellTextAt(kCoreElementCount + i, 0));
   }
 }
 
 void Window1::NameCoreElements() {
   const DesktopListBox& table = Window3::Instance().ListBox1;
-  Label1.Text("Elements other than " + table.CellTextAt(0, 0) + ", " + table.CellTextAt(1, 0) +
-              ", " + table.CellTextAt(2, 0) + ", " + table.CellTextAt(3, 0));
+  std::string caption = "Elements other than " + table.CellTextAt(0, 0);
+  for (int row = 1; row < kCoreElementCount; ++row) caption += ", " + table.CellTextAt(row, 0);
+  Label1.Text(caption);
 }
 
 bool Window1::Label3_MouseDown() {
@@ -63,7 +64,7 @@ void Window1::PushButton1_Pressed() {
 }
 
 void Window1::PushButton2_Pressed() {
-  for (int i = 0; i < kFieldCount; ++i) textfield1(i).Text("0");
+  for (int i = 0; i < kAdditionalElementCount; ++i) textfield1(i).Text("0");
 }
 
 void Window1::PushButton3_Pressed() {

@@ -18,8 +18,8 @@ class Window1 : public DesktopWindow {
 
   DesktopLabel Label1;  ///< Names the core elements.
   DesktopLabel Label2;
-  ControlArray<DesktopLabel, additional_elements_window_layout::kFieldCount> Label3;
-  ControlArray<DesktopTextField, additional_elements_window_layout::kFieldCount> textfield1;
+  ControlArray<DesktopLabel, kAdditionalElementCount> Label3;
+  ControlArray<DesktopTextField, kAdditionalElementCount> textfield1;
   DesktopButton PushButton1;    ///< Close
   DesktopButton PushButton2;    ///< Clear
   DesktopButton PushButton3;    ///< Run

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "engine/elements.h"
 #include "runtime/layout.h"
 
 /// Places and captions of the additional-elements window.
@@ -23,11 +24,8 @@ inline constexpr ControlLayout kEditIsotopes{
 inline constexpr ControlLayout kShowIsotopes{
     .Text = "Show isotopes", .Place = {111, 214, 105, 20}, .TabIndex = 25};
 
-/// Number of count fields. Field i stands for row i + kFirstRow of the element table.
-inline constexpr int kFieldCount = 9;
-inline constexpr int kFirstRow = 4;
-
-inline constexpr std::array<ControlLayout, kFieldCount> kNames{{
+/// Field i stands for the additional element i.
+inline constexpr auto kNames = std::to_array<ControlLayout>({
     {.Text = "X", .Place = {17, 58, 23, 20}, .TabIndex = 2},
     {.Text = "X", .Place = {17, 85, 23, 20}, .TabIndex = 3},
     {.Text = "X", .Place = {17, 112, 23, 20}, .TabIndex = 4},
@@ -37,9 +35,9 @@ inline constexpr std::array<ControlLayout, kFieldCount> kNames{{
     {.Text = "X", .Place = {17, 216, 23, 20}, .TabIndex = 8},
     {.Text = "X", .Place = {17, 242, 23, 20}, .TabIndex = 21},
     {.Text = "X", .Place = {17, 268, 23, 20}, .TabIndex = 22},
-}};
+});
 
-inline constexpr std::array<ControlLayout, kFieldCount> kCounts{{
+inline constexpr auto kCounts = std::to_array<ControlLayout>({
     {.Text = "0", .Place = {38, 58, 60, 20}, .TabIndex = 9},
     {.Text = "0", .Place = {38, 85, 60, 20}, .TabIndex = 10},
     {.Text = "0", .Place = {38, 111, 60, 20}, .TabIndex = 11},
@@ -49,6 +47,9 @@ inline constexpr std::array<ControlLayout, kFieldCount> kCounts{{
     {.Text = "0", .Place = {38, 215, 60, 20}, .TabIndex = 15},
     {.Text = "0", .Place = {38, 241, 60, 20}, .TabIndex = 19},
     {.Text = "0", .Place = {38, 267, 60, 20}, .TabIndex = 23},
-}};
+});
+
+static_assert(kNames.size() == kAdditionalElementCount && kCounts.size() == kAdditionalElementCount,
+              "each additional element needs a name and a count");
 
 }  // namespace peakwright::additional_elements_window_layout

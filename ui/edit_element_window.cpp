@@ -23,7 +23,7 @@ Window2::Window2()
       textfield2(*this, kRow),
       Label4(*this, kHint),
       PushButton3(*this, kShowIsotopes) {
-  for (int column = 0; column < kFieldCount; ++column) Label2(column).Names(textfield1(column));
+  for (int column = 0; column < kElementColumns; ++column) Label2(column).Names(textfield1(column));
   PushButton1.Pressed = [this] { PushButton1_Pressed(); };
   PushButton2.Pressed = [this] { PushButton2_Pressed(); };
   PushButton3.Pressed = [this] { PushButton3_Pressed(); };
@@ -57,8 +57,8 @@ void Window2::PushButton2_Pressed() {
   Window1& counts = Window1::Instance();
   counts.PopupMenu1.AddRowAt(row + 1, textfield1(0).Text());
   counts.PopupMenu1.RemoveRowAt(row + 2);
-  constexpr int kFirstRow = additional_elements_window_layout::kFirstRow;
-  if (row >= kFirstRow) counts.Label3(row - kFirstRow).Text(textfield1(0).Text());
+  const int additional = row - kCoreElementCount;
+  if (additional >= 0) counts.Label3(additional).Text(textfield1(0).Text());
   DesktopListBox& table = Window3::Instance().ListBox1;
   for (int column = 0; column < table.ColumnCount(); ++column) {
     table.CellTextAt(row, column, textfield1(column).Text());

@@ -17,8 +17,8 @@ class Window2 : public DesktopWindow {
   static Window2& Instance();
 
   DesktopLabel Label1;
-  ControlArray<DesktopLabel, edit_element_window_layout::kFieldCount> Label2;
-  ControlArray<DesktopTextField, edit_element_window_layout::kFieldCount> textfield1;
+  ControlArray<DesktopLabel, kElementColumns> Label2;
+  ControlArray<DesktopTextField, kElementColumns> textfield1;
   DesktopButton PushButton1;    ///< Cancel
   DesktopButton PushButton2;    ///< Change
   DesktopTextField textfield2;  ///< Hidden: the number of the row being edited.

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "engine/default_elements.h"
 #include "runtime/layout.h"
 
 /// Places and captions of the window that edits one element.
@@ -25,25 +26,26 @@ inline constexpr ControlLayout kHint{.Text = "Either choice closes this window."
 inline constexpr ControlLayout kShowIsotopes{
     .Text = "Show isotopes", .Place = {48, 7, 130, 20}, .TabIndex = 18};
 
-/// Number of fields. Field c stands for column c of the element table.
-inline constexpr int kFieldCount = 6;
-
-inline constexpr std::array<ControlLayout, kFieldCount> kHeadings{{
+/// Field c stands for column c of the element table.
+inline constexpr auto kHeadings = std::to_array<ControlLayout>({
     {.Text = "X", .Place = {20, 71, 90, 20}, .TabIndex = 1},
     {.Text = "X", .Place = {20, 99, 90, 20}, .TabIndex = 3},
     {.Text = "X", .Place = {20, 127, 90, 20}, .TabIndex = 5},
     {.Text = "X", .Place = {20, 155, 90, 20}, .TabIndex = 7},
     {.Text = "X", .Place = {20, 183, 90, 20}, .TabIndex = 9},
     {.Text = "X", .Place = {20, 211, 90, 20}, .TabIndex = 11},
-}};
+});
 
-inline constexpr std::array<ControlLayout, kFieldCount> kCells{{
+inline constexpr auto kCells = std::to_array<ControlLayout>({
     {.Text = "", .Place = {122, 70, 80, 22}, .TabIndex = 2},
     {.Text = "", .Place = {122, 98, 80, 22}, .TabIndex = 4},
     {.Text = "", .Place = {122, 126, 80, 22}, .TabIndex = 6},
     {.Text = "", .Place = {122, 154, 80, 22}, .TabIndex = 8},
     {.Text = "", .Place = {122, 182, 80, 22}, .TabIndex = 10},
     {.Text = "", .Place = {122, 210, 80, 22}, .TabIndex = 12},
-}};
+});
+
+static_assert(kHeadings.size() == kElementColumns && kCells.size() == kElementColumns,
+              "each cell of an element needs a heading and a field");
 
 }  // namespace peakwright::edit_element_window_layout

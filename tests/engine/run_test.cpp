@@ -84,15 +84,24 @@ TEST_F(RunTest, TellsWhenNothingIsListed) {
 }
 
 TEST_F(RunTest, SaysSoWhereALimitWouldBePassed) {
-  Count(1, "2");
   controls_.nitrogenRule = true;
-  EXPECT_EQ(Run("170", {16, 1000}).find("There are more"), std::string::npos);
+  // 35 pairs of C and O have room in 100, and 28 numbers of N are tried with them.
+  EXPECT_EQ(Run("100", {17, 63}).find("There are more"), std::string::npos);
+  Count(1, "2");
   EXPECT_EQ(Run("170", {15, 1000}),
             "2 Cl\rNitrogen rule applied:\r"
             "There are more valid combinations for mass 100 than the limit of 15.\r\r");
-  EXPECT_EQ(Run("170", {16, 20}),
-            "2 Cl\rNitrogen rule applied:\r"
-            "There are more combinations to try for mass 100 than the limit of 20.\r\r");
+  Count(1, "0");
+  EXPECT_EQ(Run("100", {17, 62}),
+            "Nitrogen rule applied:\r"
+            "There are more combinations to try for mass 100 than the limit of 62.\r\r");
+  // One pair, and N from 0 to the mass.
+  for (const int row : {0, 3}) controls_.table.CellTextAt(row, 1, "1e18");
+  controls_.table.CellTextAt(2, 1, "1");
+  controls_.table.CellTextAt(1, 3, "2");
+  controls_.table.CellTextAt(2, 3, "2.1");
+  EXPECT_EQ(Run("9999", {9999, 10001}).find("There are more"), std::string::npos);
+  EXPECT_NE(Run("9999", {9999, 10000}).find("There are more"), std::string::npos);
 }
 
 TEST_F(RunTest, ComesBackFromAnything) {
@@ -131,22 +140,28 @@ TEST_F(RunTest, AgreesWithTheLiteralRunOnEditedCells) {
   ExpectLiteralRun("100", {{11, 3, "1"}, {1, 3, "3"}});
 }
 
-// Values that grow out of their cells, or fall below 0, in some of the rows.
-TEST_F(RunTest, AgreesWithTheLiteralRunOnLongListings) {
-  ExpectLiteralRun("700", {});
-  controls_.nitrogenRule = true;
-  ExpectLiteralRun("700", {});
-  ExpectLiteralRun("700", {{3, 2, "3e38"}});
-  ExpectLiteralRun("700", {{1, 2, "-9.5"}});
+TEST_F(RunTest, AgreesWithTheLiteralRunOnAllMassesTo300) {
+  for (const bool rule : {false, true}) {
+    controls_.nitrogenRule = rule;
+    for (int mass = 1; mass <= 300; ++mass) ExpectLiteralRun(std::to_string(mass), {});
+  }
 }
 
-// More than four digits of H, then of N.
-TEST_F(RunTest, AgreesWithTheLiteralRunOnManyAtoms) {
+// More than four digits of the row number, of H and of N, more than 31 bits of the heading's mass
+// and of H; fractions that no sum of powers of two is; and values that grow out of their cells, or
+// fall below 0, in some of the rows.
+TEST_F(RunTest, AgreesWithTheLiteralRunOnLongNumbers) {
+  const std::vector<Edit> largeMasses = {{0, 1, "5e9"}, {3, 1, "4e9"}, {2, 1, "3e9"}, {1, 3, "2"}};
+  const std::vector<Edit> manyN = {{0, 1, "4000"}, {3, 1, "5000"}, {2, 1, ".5"}, {1, 3, "2"}};
+  ExpectLiteralRun("900", {});
   ExpectLiteralRun("20050", {{0, 1, "1000"}, {3, 1, "15000"}, {2, 1, "6000"}, {1, 3, "2"}});
-  ExpectLiteralRun("6000", {{0, 1, "4000"}, {3, 1, "5000"}, {2, 1, ".5"}, {1, 3, "2"}});
-  ExpectLiteralRun(
-      "6000",
-      {{0, 1, "4000"}, {3, 1, "5000"}, {2, 1, ".5"}, {2, 2, "0"}, {2, 4, "0"}, {1, 3, "2"}});
+  ExpectLiteralRun("6000", manyN);
+  ExpectLiteralRun("12345678901", largeMasses);
+  controls_.nitrogenRule = true;
+  ExpectLiteralRun("300", {{0, 1, "12.1"}, {2, 1, "14.3"}, {3, 1, "15.7"}});
+  ExpectLiteralRun("6000", manyN);
+  ExpectLiteralRun("700", {{3, 2, "3e38"}});
+  ExpectLiteralRun("700", {{1, 2, "-9.5"}});
 }
 
 }  // namespace

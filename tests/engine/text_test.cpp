@@ -1,12 +1,8 @@
-#include <bit>
 #include <cmath>
-#include <limits>
-#include <random>
 #include <string>
 
 #include <gtest/gtest.h>
 
-#include "engine/cell_writer.h"
 #include "engine/format.h"
 #include "engine/number_text.h"
 
@@ -41,27 +37,6 @@ TEST(FormatTest, FollowsItsMask) {
   EXPECT_EQ(format(" ##.0", {1e22, -HUGE_VAL}), " 10000000000000000000000.0| -inf|");
   EXPECT_EQ(Module1::align("####)", 10000) + Module1::align("-####", 1234567), "0000)34567");
   EXPECT_EQ(Module1::aright("Abcd", 3.9F) + Module1::aright("\xC3\xA9", 3), "bcd  \xC3\xA9");
-}
-
-TEST(CellWriterTest, WritesWhatAlignGives) {
-  std::mt19937 random(1);
-  for (const char* text : {" ###.0000", " ###.00", " ##.0", " ##"}) {
-    const CellMask mask(text);
-    const auto check = [&mask](float value) {
-      std::string row = "." + std::string(mask.text.size(), '.');
-      WriteCell(row.data() + 1, mask, value);
-      ASSERT_EQ(row.substr(1), Module1::align(mask.text, value)) << value;
-    };
-    for (const float value : {0.0F, -0.0F, 9998.9999F, 9999.0F, 9999.996F, 9999.9995F, -9999.996F,
-                              16777216.0F, 3e38F, HUGE_VALF, -HUGE_VALF, NAN, 1e-45F}) {
-      check(value);
-    }
-    for (int i = 0; i < 20000; ++i) {  // any Single at all, then halves and whole numbers
-      check(std::bit_cast<float>(static_cast<std::uint32_t>(random())));
-      check(std::ldexp(static_cast<float>(static_cast<std::int32_t>(random())),
-                       -static_cast<int>(random() % 31)));
-    }
-  }
 }
 
 }  // namespace

@@ -47,8 +47,9 @@ PlainControls MakeControls(Choices choices) {
     if (kind == 3) count = choices.Number();
   }
   for (int edits = choices.Below(5); edits > 0; --edits) {
-    const int row = choices.Below(3) == 0 ? choices.Below(13) : choices.Below(4);
-    const int column = choices.Below(6);
+    const int row =
+        choices.Below(3) == 0 ? choices.Below(kElementCount) : choices.Below(kCoreElementCount);
+    const int column = choices.Below(kElementColumns);
     controls.table.CellTextAt(
         row, column, column == 0 ? kNames[choices.Below(std::size(kNames))] : choices.Number());
   }

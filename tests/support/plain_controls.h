@@ -26,7 +26,7 @@ struct PlainControls : RunControls {
   ElementTable table;
   std::string mass;
   bool additionalElements = false;
-  std::array<std::string, 9> counts;
+  std::array<std::string, kAdditionalElementCount> counts;
   bool nitrogenRule = false;
   std::string results;
 };
