@@ -48,6 +48,7 @@ struct Atoms {
 /// Makes whole groups of lanes: those behind the last formula repeat it. Tells their number.
 std::size_t FillLanes(FormulaBatch& batch) {
   constexpr std::size_t kGroup = 8;
+  static_assert(FormulaBatch::kCapacity % kGroup == 0);
   const std::size_t size = batch.size;
   const std::size_t lanes = (size + kGroup - 1) / kGroup * kGroup;
   for (Each<std::int64_t>* counts : {&batch.c, &batch.o, &batch.n}) {

@@ -40,8 +40,13 @@ class RunControls {
 namespace Module1 {
 
 /// One run: lists the formulas of the mass in the mass field, less the additional atoms, and puts
-/// the whole number that it used back into the field. Returns within a second for any input: where
-/// a limit of the search would be passed, a sentence that says so stands in the listing's place.
+/// the whole number that it used back into the field. Where a limit of the search would be passed,
+/// a sentence that says so stands in the listing's place.
+///
+/// So the work of a run is bounded, whatever was typed: it tries at most `limits.passes`
+/// combinations, each at no more than the cost of a row of a common listing (of the table as it
+/// comes), and writes at most `limits.rows` rows, each at no more than that of eight. Neither
+/// infinite, huge and negative values nor any number of atoms cost more; the benchmarks measure it.
 void calculate(RunControls& controls, const SearchLimits& limits = {});
 
 }  // namespace Module1

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <numeric>
 
 #include "engine/number_text.h"
 #include "engine/unit_masses.h"
@@ -9,30 +10,41 @@
 namespace peakwright {
 namespace {
 
-/// The lowest number from which on all below `end` have a property, down to 0, if it rises: whoever
-/// has it, all above have it too. Close to `end` it takes few steps.
+/// The lowest number from 0 up from which all below `end` have a property that, once a number has
+/// it, all above have too. Takes few steps if that is near `guess`.
 template <typename Property>
-std::int64_t LowestFrom(std::int64_t end, const Property& has) {
-  std::int64_t step = 1;
-  std::int64_t hasNot = end - 1;
-  for (; hasNot >= 0 && has(hasNot); hasNot = std::max<std::int64_t>(end - step, -1)) {
-    end = hasNot;
-    step *= 2;
+std::int64_t LowestWith(const Property& has, std::int64_t end, std::int64_t guess) {
+  constexpr std::int64_t kLongStep = std::int64_t{1} << 61;
+  std::int64_t with = end;
+  std::int64_t without = -1;
+  std::int64_t next = std::min(std::max<std::int64_t>(guess, 0), end - 1);
+  for (std::int64_t step = 1; without < next && next < with; step = std::min(2 * step, kLongStep)) {
+    if (has(next)) {
+      with = next;
+      next -= std::min(step, next - without);
+    } else {
+      without = next;
+      next += std::min(step, with - next);
+    }
   }
-  while (end - hasNot > 1) {
-    const std::int64_t middle = hasNot + (end - hasNot) / 2;
-    (has(middle) ? end : hasNot) = middle;
+  while (with - 1 > without) {
+    const std::int64_t middle = std::midpoint(without, with);
+    (has(middle) ? with : without) = middle;
   }
-  return end;
+  return with;
 }
 
-/// Numbers of N; none if `last` is below `first`.
+/// Numbers of N, from `first` to below `end`; none if that isn't above `first`.
 struct Range {
   std::int64_t first;
-  std::int64_t last;
+  std::int64_t end;
 
-  std::int64_t Size() const { return std::max<std::int64_t>(last - first, -1) + 1; }
+  std::int64_t Size() const { return std::max<std::int64_t>(end - first, 0); }
 };
+
+/// How far the ends of a range fell from one number of C or O to the next. They fall as far again
+/// the next time, give or take a little.
+using Fall = Range;
 
 /// The formulas of one number of C and one of O, each known by its number of N.
 class Candidates {
@@ -48,17 +60,21 @@ class Candidates {
     return sums_.Rdb(c_, static_cast<double>(H(n)), static_cast<double>(n));
   }
 
-  /// Lowers the ends of `range` to the last N that leaves mass for H and to the first from which
-  /// all are valid.
-  void Lower(Range& range) const {
-    range.last = LowestFrom(range.last + 1, [this](std::int64_t n) { return H(n) < 0; }) - 1;
-    range.first = LowestFrom(std::min(range.first, range.last + 1),
-                             [this](std::int64_t n) { return Rdb(n) >= 0; });
+  /// Lowers the ends of `range` to the first N that leaves no mass for H, and to the first from
+  /// which all are valid.
+  void Lower(Range& range, Fall& fall) const {
+    const auto isTooMany = [this](std::int64_t n) { return H(n) < 0; };
+    const auto isEnough = [this](std::int64_t n) { return Rdb(n) >= 0; };
+    const Range former = range;
+    range.end = LowestWith(isTooMany, former.end, former.end - fall.end);
+    range.first =
+        LowestWith(isEnough, std::min(former.first, range.end), former.first - fall.first);
+    fall = {former.first - range.first, former.end - range.end};
   }
 
   std::int64_t CountValid(Range range, bool nitrogenRule) const {
     std::int64_t count = 0;
-    for (std::int64_t n = range.first; n <= range.last; ++n) {
+    for (std::int64_t n = range.first; n < range.end; ++n) {
       if (IsValid(Rdb(n), nitrogenRule)) ++count;
     }
     return count;
@@ -104,7 +120,9 @@ Found Search(const SearchInput& input) {
   found.allValid = rdbNeverFalls && !input.nitrogenRule;
   std::int64_t passesLeft = input.limits.passes;
   // Where RDB may fall, valid formulas can lie anywhere: there every N is looked at.
-  Range ofC = {rdbNeverFalls ? maxN + 1 : 0, maxN};
+  Range ofC = {rdbNeverFalls ? maxN + 1 : 0, maxN + 1};
+  Fall fallByC = {0, 0};
+  Fall fallByO = {0, 0};
   for (std::int64_t c = 0; c <= maxC; ++c) {
     const double afterC = masses.AfterC(static_cast<double>(c));
     if (!(afterC >= 0)) break;
@@ -114,7 +132,7 @@ Found Search(const SearchInput& input) {
       if (!(afterO >= 0)) break;
       // The more C or O, the less N has room, and the less N is needed for a valid formula.
       const Candidates candidates(masses, sums, static_cast<double>(c), afterO);
-      candidates.Lower(range);
+      candidates.Lower(range, o == 0 ? fallByC : fallByO);
       if (o == 0) ofC = range;
       const std::int64_t tried = range.Size();
       if (tried >= passesLeft) return {SearchResult::kTooManyPasses, 0, {}, false};
@@ -124,7 +142,7 @@ Found Search(const SearchInput& input) {
           found.allValid ? tried : candidates.CountValid(range, input.nitrogenRule);
       found.rows += valid;
       if (found.rows > input.limits.rows) return {SearchResult::kTooManyRows, 0, {}, false};
-      if (valid > 0) found.series.push_back({c, o, range.first, range.last});
+      if (valid > 0) found.series.push_back({c, o, range.first, range.end - 1});
     }
   }
   return found;
