@@ -1,5 +1,6 @@
 #include "engine/run.h"
 
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -50,6 +51,21 @@ class RunTest : public testing::Test {
 
   PlainControls controls_;
 };
+
+TEST_F(RunTest, StartsWithTheTableOfTheDocs) {
+  std::ifstream page(PEAKWRIGHT_DOCS "/element_data.md");
+  std::string line;
+  while (std::getline(page, line) && line != "|---|---|---|---|---|---|") {
+  }
+  for (int row = 0; row < kElementCount; ++row) {
+    std::string expected = "|";
+    for (int column = 0; column < kElementColumns; ++column) {
+      expected += " " + controls_.table.CellTextAt(row, column) + " |";
+    }
+    EXPECT_TRUE(std::getline(page, line) && line == expected) << expected;
+  }
+  EXPECT_TRUE(std::getline(page, line) && line.empty()) << line;
+}
 
 TEST_F(RunTest, ListsMass58) {
   EXPECT_EQ(Run("58.9"), kListing58);
