@@ -20,11 +20,10 @@ constexpr auto kPowersOfTwo = [] {
 
 constinit const std::array<FourDigits, 20001> kFourDigits = [] {
   std::array<FourDigits, 20001> numbers{};
-  for (std::size_t number = 0; number < numbers.size(); ++number) {
-    std::size_t rest = number;
-    for (std::size_t place = 4; place-- > 0; rest /= 10) {
-      numbers[number][place] = rest == 0 ? ' ' : static_cast<char>('0' + rest % 10);
-    }
+  numbers[0] = {' ', ' ', ' ', ' '};
+  for (std::size_t number = 1; number < numbers.size(); ++number) {
+    const FourDigits& tens = numbers[number / 10];
+    numbers[number] = {tens[1], tens[2], tens[3], static_cast<char>('0' + number % 10)};
   }
   return numbers;
 }();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
 #include <string_view>
 
 namespace peakwright {
@@ -33,7 +34,7 @@ inline constexpr int kElementColumns = [] {
   return static_cast<int>(std::count(kInitialElements.begin(), end, '\t')) + 1;
 }();
 static_assert(std::count(kInitialElements.begin(), kInitialElements.end(), '\t') ==
-                  (kElementCount + 1) * (kElementColumns - 1),
+                  std::ptrdiff_t{kElementCount + 1} * (kElementColumns - 1),
               "each line has as many cells as the headings");
 
 }  // namespace peakwright
