@@ -1,5 +1,8 @@
 #include "runtime/https_request.h"
 
+#include <algorithm>
+
+#include <QNetworkProxy>
 #include <QSslConfiguration>
 #include <QSslSocket>
 
@@ -14,6 +17,16 @@ constexpr quint16 kHttpsPort = 443;
 
 bool IsRedirect(int status) {
   return (status >= 301 && status <= 303) || status == 307 || status == 308;
+}
+
+/// The first that the system names and that passes TLS through.
+QNetworkProxy ProxyFor(const QUrl& url) {
+  const QList<QNetworkProxy> named = QNetworkProxyFactory::proxyForQuery(QNetworkProxyQuery(url));
+  const auto found = std::find_if(named.begin(), named.end(), [](const QNetworkProxy& proxy) {
+    return proxy.type() == QNetworkProxy::NoProxy ||
+           proxy.capabilities().testFlag(QNetworkProxy::TunnelingCapability);
+  });
+  return found == named.end() ? QNetworkProxy(QNetworkProxy::NoProxy) : *found;
 }
 
 }  // namespace
@@ -49,7 +62,7 @@ void HttpsRequest::Connect() {
     socket_->setSslConfiguration(tls);
   }
   socket_->setReadBufferSize(kReadAhead);
-  socket_->setProtocolTag(QStringLiteral("https"));  // By which the system names its proxy.
+  socket_->setProxy(ProxyFor(url_));
   socket_->connectToHostEncrypted(url_.host(QUrl::FullyEncoded),
                                   static_cast<quint16>(url_.port(kHttpsPort)));
 }

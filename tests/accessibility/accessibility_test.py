@@ -5,8 +5,10 @@ usage: accessibility_test.py PROGRAM [unittest argument...]
 """
 
 import os
+import socket
 import subprocess
 import sys
+import time
 import unittest
 
 import private_desktop
@@ -232,6 +234,54 @@ class Assistive(unittest.TestCase):
 
         program.press("ctrl+q")
         self.assertEqual(program.process.wait(timeout=10), 0)
+
+
+class WaitingForTheServer(unittest.TestCase):
+    """Its proxy takes every call and keeps silent."""
+
+    def setUp(self):
+        self.proxy = socket.create_server(("127.0.0.1", 0))
+        self.addCleanup(self.proxy.close)
+        self.proxy.settimeout(10)
+        os.environ["https_proxy"] = "http://127.0.0.1:%d" % self.proxy.getsockname()[1]
+        self.addCleanup(os.environ.pop, "https_proxy")
+        self.program = Program(Assistive.BINARY)
+        self.addCleanup(self.program.kill)
+
+    def begin_check(self):
+        self.program.press("ctrl+u")
+        return self.proxy.accept()[0]
+
+    def press_over_bus(self, role, name, window=None):
+        find(window or self.program.main, role, name).queryAction().doAction(0)
+
+    def test_presses_over_the_bus_take_their_turn(self):
+        program = self.program
+        before = text_of(program.results)
+        call = self.begin_check()
+        self.press_over_bus("button", "Clear")
+        time.sleep(0.3)  # A press takes a while.
+        program.press("5", "8", "Return")
+        self.press_over_bus("menu item", "Check for updates...")
+        time.sleep(0.3)
+        self.assertEqual((text_of(program.results), list(program.windows())),
+                         (before, ["Peakwright"]))
+        call.close()
+        update = program.window("Update")
+        wait_for(LISTING_58, lambda: text_of(program.results))
+        self.press_over_bus("button", "Close", update)
+        wait_for(["Peakwright"], lambda: list(program.windows()))
+
+    def test_quitting_ends_the_wait(self):
+        for end in (lambda: self.press_over_bus("menu item", "Quit"),
+                    lambda: self.program.press("ctrl+q"),
+                    lambda: self.program.press("alt+F4")):
+            call = self.begin_check()
+            end()
+            self.assertEqual(self.program.process.wait(timeout=5), 0)
+            call.close()
+            self.program = Program(Assistive.BINARY)
+            self.addCleanup(self.program.kill)
 
 
 if __name__ == "__main__":
