@@ -20,8 +20,8 @@ struct FormulaBatch {
 
   /// A value of each formula, and the digits of its cell.
   struct Column {
-    Each<float> value;
-    bool plain;  ///< all are finite and none is negative; else there are no digits
+    Each<float> value;  ///< if plain, with the whole part that the cell shows
+    bool plain;         ///< all are finite and none is negative; else there are no digits
     Each<std::uint32_t> whole;
     Each<std::uint32_t> fraction;
   };
