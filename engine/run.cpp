@@ -28,44 +28,56 @@ AdditionalTotals TakeAdditionalAtoms(RunControls& controls, const Elements& elem
   return totals;
 }
 
-void PrintListing(RunControls& controls, const SearchInput& input) {
-  const Found found = Search(input);
-  if (input.nitrogenRule) controls.Print("Nitrogen rule applied:");
-
+/// The sentence that a search without a listed formula ends with; empty after any other.
+std::string Message(const SearchInput& input, const Found& found) {
   const std::string mass = Str(input.remainingMass);
   switch (found.result) {
     case SearchResult::kComplete:
-      controls.Print(Listing(input, found));
-      if (found.rows == 0) controls.Print("There are no valid combinations.");
-      break;
+      return found.rows == 0 ? "There are no valid combinations." : "";
     case SearchResult::kTooManyRows:
-      controls.Print("There are more valid combinations for mass " + mass + " than the limit of " +
-                     Str(input.limits.rows) + ".");
-      break;
+      return "There are more valid combinations for mass " + mass + " than the limit of " +
+             Str(input.limits.rows) + ".";
     case SearchResult::kTooManyPasses:
-      controls.Print("There are more combinations to try for mass " + mass + " than the limit of " +
-                     Str(input.limits.passes) + ".");
-      break;
+      return "There are more combinations to try for mass " + mass + " than the limit of " +
+             Str(input.limits.passes) + ".";
   }
+  return {};
+}
+
+/// Prints what the search finds, and tells it in `outcome`.
+void PrintListing(RunControls& controls, const SearchInput& input, RunOutcome& outcome) {
+  const Found found = Search(input);
+  if (input.nitrogenRule) controls.Print("Nitrogen rule applied:");
+
+  outcome.message = Message(input, found);
+  if (found.result == SearchResult::kComplete) {
+    controls.Print(Listing(input, found));
+    outcome.rows = found.rows;
+  }
+  if (!outcome.message.empty()) controls.Print(outcome.message);
 }
 
 }  // namespace
 
-void Module1::calculate(RunControls& controls, const SearchLimits& limits) {
+RunOutcome Module1::calculate(RunControls& controls, const SearchLimits& limits) {
   const Elements elements(controls.Table());
   std::int64_t remainingMass = Truncate(Val(controls.MassText()));
   controls.MassText(Str(remainingMass));
+  RunOutcome outcome{.mass = remainingMass, .nitrogenRule = controls.NitrogenRule()};
 
   AdditionalTotals totals;
   if (controls.AdditionalElements()) {
     totals = TakeAdditionalAtoms(controls, elements, remainingMass);
   }
   if (remainingMass > 0) {
-    PrintListing(controls, {elements, totals, remainingMass, controls.NitrogenRule(), limits});
+    PrintListing(controls, {elements, totals, remainingMass, outcome.nitrogenRule, limits},
+                 outcome);
   } else {
-    controls.Print("Insufficient mass remaining for C, H, N, or O.");
+    outcome.message = "Insufficient mass remaining for C, H, N, or O.";
+    controls.Print(outcome.message);
   }
   controls.Print("");
+  return outcome;
 }
 
 }  // namespace peakwright

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -37,6 +38,14 @@ class RunControls {
   virtual void Print(const Listing& listing) = 0;
 };
 
+/// What a run came to.
+struct RunOutcome {
+  std::int64_t mass = 0;  ///< the whole number that was used
+  bool nitrogenRule = false;
+  std::int64_t rows = 0;     ///< formulas that were listed
+  std::string message = {};  ///< the sentence that stands where none was
+};
+
 namespace Module1 {
 
 /// One run: lists the formulas of the mass in the mass field, less the additional atoms, and puts
@@ -47,7 +56,7 @@ namespace Module1 {
 /// combinations, each at no more than the cost of a row of a common listing (of the table as it
 /// comes), and writes at most `limits.rows` rows, each at no more than that of eight. Neither
 /// infinite, huge and negative values nor any number of atoms cost more; the benchmarks measure it.
-void calculate(RunControls& controls, const SearchLimits& limits = {});
+RunOutcome calculate(RunControls& controls, const SearchLimits& limits = {});
 
 }  // namespace Module1
 }  // namespace peakwright

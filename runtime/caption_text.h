@@ -12,9 +12,8 @@ inline QString ToQString(std::string_view text) {
 }
 
 /// The toolkit's form of a caption that is to be shown as it is: an ampersand is no mnemonic.
-inline QString ToCaption(std::string_view text) {
-  return ToQString(text).replace(u'&', QStringLiteral("&&"));
-}
+inline QString ToCaption(QString text) { return text.replace(u'&', QStringLiteral("&&")); }
+inline QString ToCaption(std::string_view text) { return ToCaption(ToQString(text)); }
 
 inline std::string FromCaption(QString caption) {
   return caption.replace(QStringLiteral("&&"), QStringLiteral("&")).toStdString();

@@ -113,7 +113,8 @@ void DesktopLabel::Text(std::string_view text, TextRange quoted) {
   auto& label = static_cast<QLabel&>(*Native());
   shown += FittingPart(label, shown, quotation, end) + end;
   if (!multiline_) shown.replace(u'\n', u' ');
-  label.setText(shown);
+  // As a caption the toolkit would take an ampersand for a mnemonic.
+  label.setText(named_.empty() ? shown : ToCaption(shown));
   const QString whole = ToQString(text);
   label.setAccessibleName(shown == whole ? QString() : whole);
   if (!multiline_) label.setFont(FittingFont(SystemFont(fontSize_, bold_), shown, Width()));
@@ -121,8 +122,9 @@ void DesktopLabel::Text(std::string_view text, TextRange quoted) {
 }
 
 void DesktopLabel::Names(DesktopUIControl& control) {
+  static_cast<QLabel&>(*Native()).setBuddy(control.Native());
   named_.push_back(&control);
-  control.AccessibleName(text_);
+  Text(std::string(text_));
 }
 
 }  // namespace peakwright

@@ -21,7 +21,8 @@ class DesktopLabel : public DesktopUIControl {
   /// they are cut short, so that the rest stays in view. Text and assistive tools keep them all.
   void Text(std::string_view text, TextRange quoted = {});
 
-  /// Makes this label's text, now and after each change, the accessible name of `control`.
+  /// Makes this the label of `control`: its text, now and after each change, is the accessible
+  /// name.
   void Names(DesktopUIControl& control);
 
   /// Raised as a mouse button goes down on the label.

@@ -38,7 +38,7 @@ DesktopPopupMenu::DesktopPopupMenu(DesktopWindow& window, const ControlLayout& l
     : DesktopUIControl(window, std::make_unique<NativePopup>(), layout) {
   AddRow(layout.Text);
   SelectedRowIndex(0);
-  AccessibleName(std::string(layout.Text));
+  AccessibleName(layout.Text);
   Box(*this).view()->setAccessibleName(Box(*this).accessibleName());
   QObject::connect(&Box(*this), &QComboBox::activated, [this] {
     DesktopApplication::Current().RaiseInTurn(*Native(), SelectionChanged);

@@ -8,6 +8,7 @@
 #include <QFontInfo>
 #include <QWidget>
 
+#include "runtime/caption_text.h"
 #include "runtime/desktop_window.h"
 
 namespace peakwright {
@@ -27,6 +28,7 @@ DesktopUIControl::DesktopUIControl(DesktopWindow& window, std::unique_ptr<QWidge
   widget_->setGeometry(layout.Place.Left, layout.Place.Top, layout.Place.Width,
                        layout.Place.Height);
   widget_->setVisible(layout.Visible);
+  widget_->setAccessibleName(ToQString(layout.AccessibleName));
   if (!layout.TabStop) widget_->setFocusPolicy(Qt::ClickFocus);
   window.AddToTabOrder(*widget_, layout.TabIndex);
 }
@@ -44,8 +46,12 @@ void DesktopUIControl::Height(int pixels) { widget_->resize(Width(), std::max(0,
 bool DesktopUIControl::Visible() const { return !widget_->isHidden(); }
 void DesktopUIControl::Visible(bool visible) { widget_->setVisible(visible); }
 
-void DesktopUIControl::AccessibleName(const std::string& name) {
-  widget_->setAccessibleName(QString::fromStdString(name));
+void DesktopUIControl::AccessibleName(std::string_view name) {
+  widget_->setAccessibleName(ToQString(name));
+}
+
+void DesktopUIControl::AccessibleDescription(std::string_view description) {
+  widget_->setAccessibleDescription(ToQString(description));
 }
 
 QFont SystemFont(int size, bool bold) {

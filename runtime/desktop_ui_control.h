@@ -1,7 +1,7 @@
 #pragma once
 
 #include <memory>
-#include <string>
+#include <string_view>
 
 #include "runtime/layout.h"
 
@@ -30,7 +30,9 @@ class DesktopUIControl {
   void Visible(bool visible);
 
   /// The name under which assistive tools show a control that has no caption of its own.
-  void AccessibleName(const std::string& name);
+  void AccessibleName(std::string_view name);
+  /// What assistive tools tell beside the name.
+  void AccessibleDescription(std::string_view description);
 
   /// The toolkit's object behind the control.
   QWidget* Native() const { return widget_.get(); }

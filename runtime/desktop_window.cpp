@@ -13,6 +13,7 @@
 #include <QMenuBar>
 #include <QScreen>
 
+#include "runtime/announcement.h"
 #include "runtime/caption_text.h"
 #include "runtime/desktop_menu.h"
 #include "runtime/held_input.h"
@@ -186,6 +187,8 @@ void DesktopWindow::Close() {
   Hide();
   DesktopApplication::Current().Release(*this);
 }
+
+void DesktopWindow::Announce(std::string_view text) { peakwright::Announce(*native_, text); }
 
 void DesktopWindow::MenuBar(DesktopMenuBar& bar) {
   menuBar_ = &bar;

@@ -41,6 +41,9 @@ class DesktopWindow : public ImplicitInstance {
   /// Binds `action` to the menu item of that name in this window's menu bar.
   void AddMenuHandler(std::string_view name, std::function<bool()> action);
 
+  /// Has assistive tools speak `text` once. Nothing is shown.
+  void Announce(std::string_view text);
+
   void Open() final;
 
   /// The toolkit's window that floating windows and boxes stay above, or null before it is made.

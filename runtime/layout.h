@@ -51,8 +51,9 @@ struct Rect {
 enum class TextAlignment { Left = 0, Center = 2 };
 
 struct ControlLayout {
-  std::string_view Text;  ///< Text, caption or initial rows.
-  Rect Place;             ///< In the window's content.
+  std::string_view Text;                 ///< Text, caption or initial rows.
+  std::string_view AccessibleName = {};  ///< Of a control that no caption names.
+  Rect Place;                            ///< In the window's content.
   int TabIndex;
   bool Visible = true;
   bool TabStop = true;

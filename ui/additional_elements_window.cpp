@@ -4,6 +4,7 @@
 #include "ui/isotopes_window.h"
 #include "ui/menu.h"
 #include "ui/results.h"
+#include "ui/spoken_texts.h"
 #include "ui/text_window.h"
 #include "ui/window_placing.h"
 
@@ -41,8 +42,13 @@ void Window1::Event_Opening() {
   Top(TextWindow::Instance().Top());
   NameCoreElements();
   const DesktopListBox& table = Window3::Instance().ListBox1;
+<<<<<<< HEAD
   for (int i = 0; i < kAdditionalElementCount; ++i) {
     Label3(i).Text(table.CellTextAt(kCoreElementCount + i, 0));
+=======
+  for (int row = kFirstRow; row < table.RowCount(); ++row) {
+    NameCount(row, table.CellTextAt(row, 0));
+>>>>>>> bb84f21 (Tell assistive tools what a command came to, and label and describe the fields)
   }
 }
 
@@ -51,6 +57,11 @@ void Window1::NameCoreElements() {
   std::string caption = "Elements other than " + table.CellTextAt(0, 0);
   for (int row = 1; row < kCoreElementCount; ++row) caption += ", " + table.CellTextAt(row, 0);
   Label1.Text(caption);
+}
+
+void Window1::NameCount(int row, const std::string& name) {
+  Label3(row - kFirstRow).Text(name);
+  textfield1(row - kFirstRow).AccessibleDescription(CountDescription(name));
 }
 
 bool Window1::Label3_MouseDown() {

@@ -4,6 +4,7 @@
 #include "ui/additional_elements_window.h"
 #include "ui/isotopes_window.h"
 #include "ui/menu.h"
+#include "ui/spoken_texts.h"
 #include "ui/text_window.h"
 #include "ui/window_placing.h"
 
@@ -42,6 +43,8 @@ void Window2::Edit(int row) {
   const DesktopListBox& table = Window3::Instance().ListBox1;
   for (int column = 0; column < table.ColumnCount(); ++column) {
     textfield1(column).Text(table.CellTextAt(row, column));
+    textfield1(column).AccessibleDescription(
+        CellDescription(table.HeaderAt(column), table.CellTextAt(row, 0)));
   }
   textfield2.Text(Str(row));
   Show();
@@ -57,8 +60,13 @@ void Window2::PushButton2_Pressed() {
   Window1& counts = Window1::Instance();
   counts.PopupMenu1.AddRowAt(row + 1, textfield1(0).Text());
   counts.PopupMenu1.RemoveRowAt(row + 2);
+<<<<<<< HEAD
   const int additional = row - kCoreElementCount;
   if (additional >= 0) counts.Label3(additional).Text(textfield1(0).Text());
+=======
+  constexpr int kFirstRow = additional_elements_window_layout::kFirstRow;
+  if (row >= kFirstRow) counts.NameCount(row, textfield1(0).Text());
+>>>>>>> bb84f21 (Tell assistive tools what a command came to, and label and describe the fields)
   DesktopListBox& table = Window3::Instance().ListBox1;
   for (int column = 0; column < table.ColumnCount(); ++column) {
     table.CellTextAt(row, column, textfield1(column).Text());

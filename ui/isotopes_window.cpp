@@ -18,7 +18,6 @@ Window3::Window3()
       ListBox1(*this, kElements, cells_),
       PushButton1(*this, kClose),
       Label1(*this, kHint) {
-  ListBox1.AccessibleName("Isotopes");
   ListBox1.DoublePressed = [this] { ListBox1_DoublePressed(); };
   PushButton1.Pressed = [this] { PushButton1_Pressed(); };
 }

@@ -3,6 +3,7 @@
 #include "engine/run.h"
 #include "ui/additional_elements_window.h"
 #include "ui/isotopes_window.h"
+#include "ui/spoken_texts.h"
 #include "ui/text_window.h"
 
 namespace peakwright {
@@ -37,7 +38,7 @@ void Module1::Print(const Listing& listing) {
 
 void Module1::calculate() {
   WindowControls controls;
-  calculate(controls);
+  TextWindow::Instance().Announce(SpokenOutcome(calculate(controls)));
 }
 
 void WriteAndScroll(void (*writer)(), int step) {

@@ -14,7 +14,7 @@ namespace Module1 {
 void Print(std::string_view text);
 void Print(const Listing& listing);
 
-/// One run on what stands in the windows' controls.
+/// One run on what stands in the windows' controls; assistive tools are told what it came to.
 void calculate();
 
 }  // namespace Module1

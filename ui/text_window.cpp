@@ -7,6 +7,7 @@
 #include "ui/menu.h"
 #include "ui/printing.h"
 #include "ui/results.h"
+#include "ui/spoken_texts.h"
 #include "ui/text_window_layout.h"
 
 namespace peakwright {
@@ -26,7 +27,6 @@ TextWindow::TextWindow()
       PushButton2(*this, kClear),
       PushButton3(*this, kMoreInfo) {
   MassText.Names(textfield1);
-  textfield2.AccessibleName("Results");
   Pushbutton1.Pressed = [this] { Pushbutton1_Pressed(); };
   checkbox1.ValueChanged = [this] { checkbox1_ValueChanged(); };
   CheckBox2.ValueChanged = [this] { CheckBox2_ValueChanged(); };
@@ -85,7 +85,10 @@ void TextWindow::CheckBox2_ValueChanged() {
   FileAdditionalelements().HasCheckMark(CheckBox2.Value());
 }
 
-void TextWindow::PushButton2_Pressed() { textfield2.Text(""); }
+void TextWindow::PushButton2_Pressed() {
+  textfield2.Text("");
+  Announce(kResultsCleared);
+}
 
 void TextWindow::PushButton3_Pressed() { WriteAndScroll(Module1::about, kHelpScrollStep); }
 

@@ -32,8 +32,6 @@ WindowDownload::WindowDownload()
       StaticText3(*this, kName),
       EditField1(*this, kLocation),
       Label1(*this, kCredit) {
-  EditField1.AccessibleName("Download location");
-  ProgressBar1.AccessibleName("Download");
   Checker.AllowCertificateValidation(false);
   FileDownloader.AllowCertificateValidation(false);
 
@@ -76,6 +74,7 @@ void WindowDownload::ShowResult(const std::optional<std::string>& reply) {
     PushButton2.Visible(true);
   }
   StaticText1.Text(result_.text, result_.reply);
+  Announce(StaticText1.Text());
 }
 
 void WindowDownload::PushButton1_Pressed() { Close(); }
@@ -106,6 +105,7 @@ void WindowDownload::FileDownloader_Error(const NetworkException& error) {
   StaticText1.Text(error.Why() == NetworkException::Cause::Storage
                        ? NotSavedText(error.what(), Module1::CR)
                        : NoConnectionText(Module1::CR));
+  Announce(StaticText1.Text());
 }
 
 void WindowDownload::ShowDownload(bool visible) {

@@ -15,8 +15,11 @@ inline constexpr WindowLayout kWindow{.Title = "Update",
                                       .HasMinimizeButton = false,
                                       .Resizeable = false};
 
-inline constexpr ControlLayout kProgress{
-    .Text = "", .Place = {18, 155, 335, 20}, .TabIndex = 0, .Visible = false};
+inline constexpr ControlLayout kProgress{.Text = "",
+                                         .AccessibleName = "Download",
+                                         .Place = {18, 155, 335, 20},
+                                         .TabIndex = 0,
+                                         .Visible = false};
 inline constexpr ControlLayout kDownloading{
     .Text = "Downloading to desktop...\rThis window will close when finished.",
     .Place = {18, 124, 248, 35},
@@ -40,8 +43,12 @@ inline constexpr ControlLayout kDownload{.Text = "Download",
                                          .FontSize = 0};
 inline constexpr ControlLayout kName{
     .Text = "Peakwright", .Place = {17, 13, 153, 20}, .TabIndex = 6, .Bold = true, .FontSize = 0};
-inline constexpr ControlLayout kLocation{
-    .Text = "", .Place = {14, 173, 342, 22}, .TabIndex = 7, .HasBorder = false, .FontSize = 0};
+inline constexpr ControlLayout kLocation{.Text = "",
+                                         .AccessibleName = "Download location",
+                                         .Place = {14, 173, 342, 22},
+                                         .TabIndex = 7,
+                                         .HasBorder = false,
+                                         .FontSize = 0};
 inline constexpr ControlLayout kCredit{.Text = "Developers of\nPeakwright",
                                        .Place = {280, 4, 88, 38},
                                        .TabIndex = 8,
