@@ -49,6 +49,7 @@ void PrintListing(RunControls& controls, const SearchInput& input, RunOutcome& o
   const Found found = Search(input);
   if (input.nitrogenRule) controls.Print("Nitrogen rule applied:");
 
+  outcome.nitrogenRule = input.nitrogenRule;
   outcome.message = Message(input, found);
   if (found.result == SearchResult::kComplete) {
     controls.Print(Listing(input, found));
@@ -63,14 +64,14 @@ RunOutcome Module1::calculate(RunControls& controls, const SearchLimits& limits)
   const Elements elements(controls.Table());
   std::int64_t remainingMass = Truncate(Val(controls.MassText()));
   controls.MassText(Str(remainingMass));
-  RunOutcome outcome{.mass = remainingMass, .nitrogenRule = controls.NitrogenRule()};
+  RunOutcome outcome{.mass = remainingMass};
 
   AdditionalTotals totals;
   if (controls.AdditionalElements()) {
     totals = TakeAdditionalAtoms(controls, elements, remainingMass);
   }
   if (remainingMass > 0) {
-    PrintListing(controls, {elements, totals, remainingMass, outcome.nitrogenRule, limits},
+    PrintListing(controls, {elements, totals, remainingMass, controls.NitrogenRule(), limits},
                  outcome);
   } else {
     outcome.message = "Insufficient mass remaining for C, H, N, or O.";

@@ -40,10 +40,10 @@ class RunControls {
 
 /// What a run came to.
 struct RunOutcome {
-  std::int64_t mass = 0;  ///< the whole number that was used
-  bool nitrogenRule = false;
-  std::int64_t rows = 0;     ///< formulas that were listed
-  std::string message = {};  ///< the sentence that stands where none was
+  std::int64_t mass = 0;      ///< the whole number that was used
+  bool nitrogenRule = false;  ///< whether it was applied
+  std::int64_t rows = 0;      ///< formulas that were listed
+  std::string message = {};   ///< the sentence that stands where none was
 };
 
 namespace Module1 {

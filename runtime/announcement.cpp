@@ -1,8 +1,13 @@
 #include "runtime/announcement.h"
 
+#include <chrono>
+
 #include <QAccessible>
 #include <QAccessibleObject>
+#include <QGuiApplication>
+#include <QTimer>
 #include <QWidget>
+#include <QWindow>
 
 #include "runtime/caption_text.h"
 
@@ -60,7 +65,24 @@ void Send(QWidget& window, const QString& text) {
 #endif
 
 void Announce(QWidget& window, std::string_view text) {
-  if (QAccessible::isActive()) Send(window, ToQString(text).simplified());
+  if (!QAccessible::isActive()) return;
+  const QString words = ToQString(text).simplified();
+  if (window.isActiveWindow()) {
+    Send(window, words);
+    return;
+  }
+  // What a screen reader says of a window that comes forward would cut the words short.
+  constexpr auto kLongestWait = std::chrono::milliseconds(300);
+  auto* wait = new QTimer(&window);
+  wait->setSingleShot(true);
+  QObject::connect(qGuiApp, &QGuiApplication::focusWindowChanged, wait, [wait](QWindow* front) {
+    if (front != nullptr) wait->start(0);
+  });
+  QObject::connect(wait, &QTimer::timeout, &window, [&window, wait, words] {
+    Send(window, words);
+    wait->deleteLater();
+  });
+  wait->start(kLongestWait);
 }
 
 }  // namespace peakwright

@@ -53,17 +53,11 @@ LISTING_58 = """\
 """
 
 
-def label_beside(window, field):
-    """The text of the label that stands left of a field."""
-    place = field.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
-    middle = place.y + place.height / 2
-    beside = []
-    for label in walk(window, ("table", "menu bar")):
-        if role_of(label) == "label":
-            box = label.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
-            if box.x < place.x and box.y < middle < box.y + box.height:
-                beside.append((box.x, label.name))
-    return max(beside)[1]
+def labels_of(field):
+    """The texts of the labels to which a field is tied."""
+    return [relation.getTarget(i).name for relation in field.getRelationSet()
+            if relation.getRelationType() == pyatspi.RELATION_LABELLED_BY
+            for i in range(relation.getNTargets())]
 
 
 class Assistive(unittest.TestCase):
@@ -82,7 +76,7 @@ class Assistive(unittest.TestCase):
         self.program.press(*row_name, "Return")
         return self.program.window("Edit Selected Element")
 
-    def check_names(self, window, fields):
+    def check_names(self, window, fields, description=""):
         for node in walk(window):
             role = role_of(node)
             self.assertNotIn(role, ("", "invalid", "unknown"), node)
@@ -92,7 +86,8 @@ class Assistive(unittest.TestCase):
         for name in fields:
             field = find(window, "text", name)
             self.assertIsNotNone(field, name)
-            self.assertEqual(label_beside(window, field), name)
+            self.assertEqual(labels_of(field), [name])
+            self.assertEqual(field.description, description.format(name))
 
     def test_every_control_has_its_name(self):
         program = self.program
@@ -102,22 +97,45 @@ class Assistive(unittest.TestCase):
             for name in names:
                 self.assertIsNotNone(find(program.main, role, name), name)
         counts = self.open_counts()
-        self.check_names(counts, ["F", "Cl", "Br", "I", "Si", "P", "S", "X", "Xx"])
+        self.check_names(counts, ["F", "Cl", "Br", "I", "Si", "P", "S", "X", "Xx"],
+                         "number of {} atoms")
         editor = self.open_editor("Xx")
         self.check_names(editor, ["Name", "Unit mass", "Exact mass", "Valence", "%(M+1)/M",
-                                  "%(M+2)/M"])
+                                  "%(M+2)/M"], "{} of Xx")
         program.fill("Name", "Na")
         program.choose("button", "Change")
         program.window("Additional Elements")
-        self.check_names(counts, ["F", "Cl", "Br", "I", "Si", "P", "S", "X", "Na"])
+        self.check_names(counts, ["F", "Cl", "Br", "I", "Si", "P", "S", "X", "Na"],
+                         "number of {} atoms")
         program.choose("button", "Show isotopes")
         self.check_names(program.window("Isotopes"), [])
         program.press("ctrl+u")
         update = program.window("Update", seconds=TIME_LIMIT_OF_UPDATE_CHECK)
         self.check_names(update, [])
         self.assertIsNotNone(find(update, "text", "Download location"))
-        self.assertIn("Web connection was unsuccessful.",
-                      " ".join(node.name for node in walk(update)))
+        result = ("Web connection was unsuccessful.\n"
+                  "Please check network or use a browser to access link.")
+        self.assertIsNotNone(find(update, "label", result))
+        wait_for(" ".join(result.split()), program.last_said)
+
+    def test_tells_what_a_command_came_to(self):
+        program = self.program
+        for mass, words in {"58": "11 combinations listed.", "1": "1 combination listed.",
+                            "0": "Insufficient mass remaining for C, H, N, or O."}.items():
+            program.type(mass)
+            program.press("Return")
+            wait_for(f"Mass {mass}: {words}", program.last_said)
+        program.press("Escape")
+        wait_for("The results were cleared.", program.last_said)
+        program.fill("Mass:", "1")
+        program.choose("check box", "Apply nitrogen rule")
+        wait_for("Mass 1, nitrogen rule applied: There are no valid combinations.",
+                 program.last_said)
+        self.open_counts()
+        program.fill("F", "1")
+        program.choose("button", "Run")
+        wait_for("Mass 1: Insufficient mass remaining for C, H, N, or O.", program.last_said)
+        self.assertEqual(program.active().name, "Peakwright")
 
     def test_marks_and_boxes_tell_their_state(self):
         program = self.program

@@ -54,6 +54,10 @@ def line_at(text, offset):
 class Program:
     def __init__(self, binary):
         Atspi.set_timeout(LONG_TEXT, LONG_TEXT)
+        self.said = []
+        self.listener = Atspi.EventListener.new(self._hear)
+        for kind in ("object:announcement", "object:state-changed:showing"):
+            self.listener.register(kind)
         self.process = subprocess.Popen([binary], cwd=os.environ["HOME"])
         self.main = self.window("Peakwright")
         self.results = find(self.main, "text", "Results")
@@ -61,6 +65,18 @@ class Program:
     def kill(self):
         self.process.kill()
         self.process.wait()
+
+    def _hear(self, event):
+        if event.type == "object:announcement":
+            self.said.append(event.any_data)
+        elif event.detail1 and event.source.getRoleName() == "notification":
+            self.said.append(event.source.name)
+
+    def last_said(self):
+        """The last words that the program had spoken."""
+        while GLib.MainContext.default().iteration(False):
+            pass
+        return self.said[-1] if self.said else None
 
     def _application(self):
         for each in pyatspi.Registry.getDesktop(0):
