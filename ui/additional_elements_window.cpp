@@ -42,13 +42,8 @@ void Window1::Event_Opening() {
   Top(TextWindow::Instance().Top());
   NameCoreElements();
   const DesktopListBox& table = Window3::Instance().ListBox1;
-<<<<<<< HEAD
   for (int i = 0; i < kAdditionalElementCount; ++i) {
-    Label3(i).Text(table.CellTextAt(kCoreElementCount + i, 0));
-=======
-  for (int row = kFirstRow; row < table.RowCount(); ++row) {
-    NameCount(row, table.CellTextAt(row, 0));
->>>>>>> bb84f21 (Tell assistive tools what a command came to, and label and describe the fields)
+    NameCount(i, table.CellTextAt(kCoreElementCount + i, 0));
   }
 }
 
@@ -59,9 +54,9 @@ void Window1::NameCoreElements() {
   Label1.Text(caption);
 }
 
-void Window1::NameCount(int row, const std::string& name) {
-  Label3(row - kFirstRow).Text(name);
-  textfield1(row - kFirstRow).AccessibleDescription(CountDescription(name));
+void Window1::NameCount(int index, const std::string& name) {
+  Label3(index).Text(name);
+  textfield1(index).AccessibleDescription(CountDescription(name));
 }
 
 bool Window1::Label3_MouseDown() {

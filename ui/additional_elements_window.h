@@ -28,8 +28,8 @@ class Window1 : public DesktopWindow {
 
   /// Brings the caption that names the core elements up to the table.
   void NameCoreElements();
-  /// Names the count field of a row of the table, from kFirstRow on.
-  void NameCount(int row, const std::string& name);
+  /// Names the count field of the additional element `index`.
+  void NameCount(int index, const std::string& name);
 
  protected:
   void Event_Opening() override;

@@ -60,13 +60,8 @@ void Window2::PushButton2_Pressed() {
   Window1& counts = Window1::Instance();
   counts.PopupMenu1.AddRowAt(row + 1, textfield1(0).Text());
   counts.PopupMenu1.RemoveRowAt(row + 2);
-<<<<<<< HEAD
   const int additional = row - kCoreElementCount;
-  if (additional >= 0) counts.Label3(additional).Text(textfield1(0).Text());
-=======
-  constexpr int kFirstRow = additional_elements_window_layout::kFirstRow;
-  if (row >= kFirstRow) counts.NameCount(row, textfield1(0).Text());
->>>>>>> bb84f21 (Tell assistive tools what a command came to, and label and describe the fields)
+  if (additional >= 0) counts.NameCount(additional, textfield1(0).Text());
   DesktopListBox& table = Window3::Instance().ListBox1;
   for (int column = 0; column < table.ColumnCount(); ++column) {
     table.CellTextAt(row, column, textfield1(column).Text());

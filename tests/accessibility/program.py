@@ -67,10 +67,13 @@ class Program:
         self.process.wait()
 
     def _hear(self, event):
-        if event.type == "object:announcement":
-            self.said.append(event.any_data)
-        elif event.detail1 and event.source.getRoleName() == "notification":
-            self.said.append(event.source.name)
+        try:
+            if event.type == "object:announcement":
+                self.said.append(event.any_data)
+            elif event.detail1 and event.source.getRoleName() == "notification":
+                self.said.append(event.source.name)
+        except GLib.Error:  # Of a window that has gone again.
+            pass
 
     def last_said(self):
         """The last words that the program had spoken."""
