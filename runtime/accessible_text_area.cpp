@@ -16,6 +16,24 @@
 namespace peakwright {
 namespace {
 
+int Within(const TextAreaView& view, int offset) {
+  return std::clamp(offset, 0, view.TextLength());
+}
+
+QTextCursor CursorOver(const TextAreaView& view, int start, int end) {
+  QTextCursor cursor(view.document());
+  cursor.setPosition(Within(view, start));
+  cursor.setPosition(Within(view, end), QTextCursor::KeepAnchor);
+  return cursor;
+}
+
+QString TextBetween(const TextAreaView& view, int start, int end) {
+  return CursorOver(view, start, end)
+      .selectedText()
+      .replace(QChar::LineSeparator, u'\n')
+      .replace(QChar::ParagraphSeparator, u'\n');
+}
+
 /// Offsets are in UTF-16 units, as the toolkit's are. Lines and their like leave no gaps: each
 /// reaches to the start of the next, over the line end or the blank where the text wraps.
 class AccessibleTextArea : public QAccessibleWidget,
@@ -59,12 +77,7 @@ class AccessibleTextArea : public QAccessibleWidget,
   void setCursorPosition(int offset) override { Select(offset, offset); }
   int characterCount() const override { return view_.TextLength(); }
 
-  QString text(int start, int end) const override {
-    return CursorOver(start, end)
-        .selectedText()
-        .replace(QChar::LineSeparator, u'\n')
-        .replace(QChar::ParagraphSeparator, u'\n');
-  }
+  QString text(int start, int end) const override { return TextBetween(view_, start, end); }
 
   QString textBeforeOffset(int offset, QAccessible::TextBoundaryType type, int* start,
                            int* end) const override {
@@ -110,15 +123,10 @@ class AccessibleTextArea : public QAccessibleWidget,
  private:
   static constexpr int kNowhere = -1;
 
-  int Within(int offset) const { return std::clamp(offset, 0, characterCount()); }
-
+  int Within(int offset) const { return peakwright::Within(view_, offset); }
   QTextCursor CursorOver(int start, int end) const {
-    QTextCursor cursor(view_.document());
-    cursor.setPosition(Within(start));
-    cursor.setPosition(Within(end), QTextCursor::KeepAnchor);
-    return cursor;
+    return peakwright::CursorOver(view_, start, end);
   }
-
   void Select(int start, int end) { view_.setTextCursor(CursorOver(start, end)); }
 
   QString Unit(int offset, QAccessible::TextBoundaryType type, int* start, int* end) const {
@@ -179,11 +187,22 @@ QAccessibleInterface* Make(const QString&, QObject* object) {
 
 void InstallAccessibleTextArea() { QAccessible::installFactory(Make); }
 
-void AnnounceReplacement(TextAreaView& view, int formerLength) {
-  if (!QAccessible::isActive() || formerLength + view.TextLength() == 0) return;
+void AnnounceChange(TextAreaView& view, int from, int removed, int added) {
+  if (!QAccessible::isActive() || removed + added == 0) return;
+  constexpr int kMostTold = 4096;
   // What went is told by its length, as the toolkit does.
-  QAccessibleTextUpdateEvent change(&view, 0, QString(formerLength, u' '), view.toPlainText());
-  QAccessible::updateAccessibility(&change);
+  const QString went(std::min(removed, kMostTold), u' ');
+  const QString came = TextBetween(view, from, from + std::min(added, kMostTold));
+  if (removed == 0) {
+    QAccessibleTextInsertEvent change(&view, from, came);
+    QAccessible::updateAccessibility(&change);
+  } else if (added == 0) {
+    QAccessibleTextRemoveEvent change(&view, from, went);
+    QAccessible::updateAccessibility(&change);
+  } else {
+    QAccessibleTextUpdateEvent change(&view, from, went, came);
+    QAccessible::updateAccessibility(&change);
+  }
 }
 
 }  // namespace peakwright

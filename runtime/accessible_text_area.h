@@ -8,8 +8,9 @@ class TextAreaView;
 /// line, however long the text is.
 void InstallAccessibleTextArea();
 
-/// Tells assistive tools that another text stands in the place of one of `formerLength` characters;
-/// of changes within a text the toolkit tells them.
-void AnnounceReplacement(TextAreaView& view, int formerLength);
+/// Tells assistive tools that the `added` characters behind `from` have come in the place of
+/// `removed` ones: of a long change only the beginning, as the tools read the rest when they need
+/// it.
+void AnnounceChange(TextAreaView& view, int from, int removed, int added);
 
 }  // namespace peakwright

@@ -53,7 +53,9 @@ void DesktopTextArea::VerticalScrollPosition(std::int64_t line) {
 void DesktopTextArea::FontName(std::string_view name) {
   QFont font = View(*this).font();
   font.setFamily(MonospacedFamily(ToQString(name)));
-  font.setStyleHint(QFont::Monospace, QFont::PreferOutline);
+  // A listing has nothing to shape, and is laid out more than twice as fast without.
+  font.setStyleHint(QFont::Monospace,
+                    QFont::StyleStrategy(QFont::PreferOutline | QFont::PreferNoShaping));
   font.setFixedPitch(true);
   View(*this).setFont(font);
 }

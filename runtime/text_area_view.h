@@ -12,6 +12,8 @@
 
 namespace peakwright {
 
+class LineCountingLayout;
+
 /// The toolkit's plain text control, taught three things: to keep carriage returns and line feeds
 /// apart, to know how many lines a long text has without laying it out, and to undo a replacement
 /// of the whole text without holding it twice.
@@ -51,8 +53,6 @@ class TextAreaView : public QPlainTextEdit {
   void insertFromMimeData(const QMimeData* source) override;
 
  private:
-  class LineCountingLayout;
-
   std::unique_ptr<QTextDocument> NewDocument();
   void Show(std::unique_ptr<QTextDocument> document);
   void Recount();

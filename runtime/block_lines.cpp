@@ -1,0 +1,38 @@
+#include "runtime/block_lines.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <memory>
+
+#include "runtime/document_text.h"
+
+namespace peakwright {
+
+BlockLines& BlockLines::Note(QTextBlock block, const BlockLines& known) {
+  auto noted = std::make_unique<BlockLines>(known);
+  BlockLines& result = *noted;
+  block.setUserData(noted.release());
+  return result;
+}
+
+BlockLines BlockLines::Read(QStringView text) {
+  BlockLines read;
+  qsizetype longest = 0;
+  qsizetype start = 0;
+  for (qsizetype end = text.indexOf(kLineFeed); end >= 0; end = text.indexOf(kLineFeed, start)) {
+    longest = std::max(longest, end - start);
+    start = end + 1;
+    ++read.lines;
+  }
+  read.longest = static_cast<int>(std::max(longest, text.size() - start));
+  // Gathered, not answered at once, so that many units are looked at together.
+  std::uint16_t other = 0;
+  const char16_t* const units = text.utf16();
+  for (qsizetype i = 0; i < text.size(); ++i) {
+    other |= static_cast<std::uint16_t>(!IsPlain(units[i]) & (units[i] != kLineFeed.unicode()));
+  }
+  read.plain = other == 0;
+  return read;
+}
+
+}  // namespace peakwright
