@@ -26,6 +26,7 @@ if __name__ == "__main__":
 from program import (Program, STATE_CHECKED, STATE_SELECTED, STATE_VISIBLE,  # noqa: E402
                      find, has, line_at, role_of, text_of, walk)
 import pyatspi  # noqa: E402
+from gi.repository import GLib  # noqa: E402
 
 # Boxes that only hold controls together; assistive tools pass over them.
 STRUCTURE = ("filler", "panel")
@@ -211,6 +212,32 @@ class Assistive(unittest.TestCase):
             self.assertGreater(end, offset)
             offset = end
             program.press("Down")
+
+    def test_long_changes_are_told_by_their_beginnings(self):
+        program = self.program
+        program.press("Escape")
+        wait_for("", lambda: text_of(program.results))
+        told = []
+
+        def note(event):
+            if event.source == program.results:
+                told.append((event.type.minor, event.any_data))
+        pyatspi.Registry.registerEventListener(note, "object:text-changed")
+        self.addCleanup(pyatspi.Registry.deregisterEventListener, note, "object:text-changed")
+
+        def expect_told(*change):
+            def heard():
+                while GLib.MainContext.default().iteration(False):
+                    pass
+                return change in told
+            wait_until(heard, change)
+            self.assertLessEqual(max(len(text) for _, text in told), len(change[1]))
+        program.fill("Mass:", "1000")
+        program.press("Return")
+        wait_until(lambda: text_of(program.results).endswith("\n\n\n"), "the listing is there")
+        expect_told("insert", program.results.queryText().getText(0, 4096))
+        program.press("Escape")
+        expect_told("delete", " " * 4096)
 
     def test_session_by_keyboard(self):
         program = self.program
