@@ -117,6 +117,19 @@ void BM_Resize(benchmark::State& state) {
 BENCHMARK(BM_Resize)->ArgName("fits")->Arg(550)->Apply(FewOfALongThing);
 BENCHMARK(BM_Resize)->ArgName("wraps")->Arg(350)->Apply(FewOfALongThing);
 
+/// The first step that makes the rows of a new listing wrap.
+void BM_FirstWrap(benchmark::State& state) {
+  Measure(
+      state,
+      [](Program& program) {
+        program.Empty();
+        program.Widen(550);
+        program.Run(kLongestMass);
+      },
+      [](Program& program) { program.Widen(350); });
+}
+BENCHMARK(BM_FirstWrap)->Apply(FewOfALongThing);
+
 void BM_Clear(benchmark::State& state) {
   Measure(
       state,

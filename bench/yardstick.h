@@ -1,7 +1,7 @@
 #pragma once
 
 #include <algorithm>
-#include <chrono>
+#include <ctime>
 #include <memory>
 #include <string>
 
@@ -9,7 +9,7 @@
 
 namespace peakwright {
 
-/// The time of a few measured things beside that of widening one text to 16 bits into fresh memory:
+/// The processor time of something beside that of widening one text to 16 bits into fresh memory,
 /// the least that any text control of the toolkit has to do with it. Both are the fastest of all
 /// iterations, and measured in turn, so that whatever else the machine does meets both.
 class BesideYardstick {
@@ -32,9 +32,9 @@ class BesideYardstick {
  private:
   template <class Function>
   static double Seconds(const Function& act) {
-    const auto start = std::chrono::steady_clock::now();
+    const std::clock_t start = std::clock();
     act();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
   }
 
   void Widen() {

@@ -44,21 +44,35 @@ QString ToDocumentForm(std::string_view text) {
 
 struct Widened {
   bool ascii;
-  bool plain;  // but for line feeds
+  bool plain;               // but for line feeds
+  std::uint16_t lineFeeds;  // less so many times 65,536
 };
 
 /// Widens the bytes of a text within one block, in one pass that looks at many together.
 Widened Widen(std::string_view text, QChar* to) {
-  std::uint8_t bits = 0;
-  std::uint8_t other = 0;
+  std::uint16_t bits = 0;
+  std::uint16_t other = 0;
+  std::uint16_t lineFeeds = 0;
   for (std::size_t i = 0; i < text.size(); ++i) {
-    const auto unit = static_cast<std::uint8_t>(text[i]);
+    const std::uint16_t unit = static_cast<std::uint8_t>(text[i]);
     const bool isLineFeed = unit == '\n';
     to[i] = isLineFeed ? kLineFeed : QChar(unit);
     bits |= unit;
-    other |= static_cast<std::uint8_t>(!isLineFeed & !IsPlain(unit));
+    other |= static_cast<std::uint16_t>(!isLineFeed & !IsPlain(unit));
+    lineFeeds = static_cast<std::uint16_t>(lineFeeds + isLineFeed);
   }
-  return {bits < 0x80, other == 0};
+  return {bits < 0x80, other == 0, lineFeeds};
+}
+
+/// How many lines of that length, by their ends, a text begins with: at most `most`.
+std::size_t EvenLines(std::string_view text, std::size_t length, std::size_t most) {
+  std::size_t lines = 0;
+  std::size_t end = length;
+  while (lines < most && end < text.size() && text[end] == '\n') {
+    ++lines;
+    end += length + 1;
+  }
+  return lines;
 }
 
 }  // namespace
@@ -79,27 +93,56 @@ DocumentWriter::DocumentWriter(QTextCursor& cursor)
 }
 
 void DocumentWriter::Write(std::string_view piece) {
-  std::size_t nextReturn = std::min(piece.find('\r'), piece.size());
-  std::size_t gathered = 0;
-  for (std::size_t start = 0;;) {
-    const std::string_view upToReturn = piece.substr(start, nextReturn - start);
-    const std::size_t length = std::min(upToReturn.find('\n'), upToReturn.size());
-    lineLength_ += static_cast<int>(length);
-    known_.longest = std::max(known_.longest, lineLength_);
-    const std::size_t end = start + length;
-    if (end == piece.size()) break;
-    lineLength_ = 0;
-    start = end + 1;
-    if (end < nextReturn && known_.lines < linesPerBlock_) {
-      ++known_.lines;
+  while (!piece.empty()) {
+    const std::string_view upToReturn = piece.substr(0, piece.find('\r'));
+    piece.remove_prefix(upToReturn.size());
+    WriteLines(upToReturn);
+    if (piece.empty()) return;
+    EndBlock('\r');
+    piece.remove_prefix(1);
+  }
+}
+
+void DocumentWriter::WriteLines(std::string_view text) {
+  while (!text.empty()) {
+    const std::size_t end = std::min(text.find('\n'), text.size());
+    if (const std::size_t length = GatherEvenLines(text, end); length > 0) {
+      text.remove_prefix(length);
       continue;
     }
-    Gather(piece.substr(gathered, end - gathered));
-    EndBlock(piece[end]);
-    gathered = start;
-    if (end == nextReturn) nextReturn = std::min(piece.find('\r', start), piece.size());
+    lineLength_ += static_cast<int>(end);
+    known_.longest = std::max(known_.longest, lineLength_);
+    const bool ends = end < text.size();
+    const bool endsBlock = ends && known_.lines >= linesPerBlock_;
+    Gather(text.substr(0, ends && !endsBlock ? end + 1 : end));
+    text.remove_prefix(ends ? end + 1 : end);
+    if (endsBlock) {
+      EndBlock('\n');
+    } else if (ends) {
+      ++known_.lines;
+      lineLength_ = 0;
+    }
   }
-  Gather(piece.substr(gathered));
+}
+
+std::size_t DocumentWriter::GatherEvenLines(std::string_view text, std::size_t length) {
+  constexpr std::size_t kMostGathered = 0xffff;  // so that line feeds are counted without a carry
+  const auto room = static_cast<std::size_t>(std::max(linesPerBlock_ - known_.lines, 0));
+  const std::size_t most = std::min(room, kMostGathered / (length + 1));
+  const std::size_t lines = maybeEven_ && lineLength_ == 0 ? EvenLines(text, length, most) : 0;
+  if (lines < 2) return 0;
+  const std::size_t gathered = lines * (length + 1);
+  const qsizetype former = gathered_.size();
+  const bool formerPlain = known_.plain;
+  if (Gather(text.substr(0, gathered)) != lines) {  // there are shorter ones
+    gathered_.resize(former);
+    known_.plain = formerPlain;
+    maybeEven_ = false;
+    return 0;
+  }
+  known_.lines += static_cast<int>(lines);
+  known_.longest = std::max(known_.longest, static_cast<int>(length));
+  return gathered;
 }
 
 void DocumentWriter::Finish() {
@@ -107,14 +150,16 @@ void DocumentWriter::Finish() {
   gathered_.resize(0);
 }
 
-void DocumentWriter::Gather(std::string_view text) {
+std::size_t DocumentWriter::Gather(std::string_view text) {
   const qsizetype former = gathered_.size();
   gathered_.resize(former + static_cast<qsizetype>(text.size()));
   const Widened widened = Widen(text, gathered_.data() + former);
   known_.plain = known_.plain && widened.plain;
-  if (widened.ascii) return;
-  gathered_.resize(former);
-  gathered_ += ToDocumentForm(text);
+  if (!widened.ascii) {
+    gathered_.resize(former);
+    gathered_ += ToDocumentForm(text);
+  }
+  return widened.lineFeeds;
 }
 
 void DocumentWriter::EndBlock(char lineEnd) {
@@ -125,6 +170,7 @@ void DocumentWriter::EndBlock(char lineEnd) {
   if (lineEnd == '\n') linesPerBlock_ = std::min(2 * linesPerBlock_, kMostLinesPerBlock);
   known_ = BlockLines();
   lineLength_ = 0;
+  maybeEven_ = true;
   fromStart_ = true;
 }
 

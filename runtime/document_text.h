@@ -33,15 +33,21 @@ class DocumentWriter {
   void Finish();
 
  private:
-  void Gather(std::string_view text);
+  void WriteLines(std::string_view text);
+  /// Gathers lines that are all as long as the first, such as rows, without a look for each of
+  /// their ends, and returns their length; or does nothing.
+  std::size_t GatherEvenLines(std::string_view text, std::size_t length);
+  /// Returns how many line feeds the text has, up to 65,535.
+  std::size_t Gather(std::string_view text);
   void EndBlock(char lineEnd);
 
   QTextCursor& cursor_;
-  QString gathered_;    // What goes into the block next.
-  BlockLines known_;    // Of the block so far.
-  int linesPerBlock_;   // From when on a line feed ends a block.
-  int lineLength_ = 0;  // Of its last line.
-  bool fromStart_;      // All of the block is ours.
+  QString gathered_;       // What goes into the block next.
+  BlockLines known_;       // Of the block so far.
+  int linesPerBlock_;      // From when on a line feed ends a block.
+  int lineLength_ = 0;     // Of its last line.
+  bool maybeEven_ = true;  // Nothing yet against lines of one length in the block.
+  bool fromStart_;         // All of the block is ours.
 };
 
 }  // namespace peakwright

@@ -1,7 +1,6 @@
 #include "runtime/line_counting_layout.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include <QFontMetricsF>
@@ -80,10 +79,15 @@ int LineCountingLayout::WrappedLines(const QString& text) const {
   return lines;
 }
 
-std::vector<std::pair<int, int>> LineCountingLayout::ShapesIn(const QString& text) {
+std::vector<std::pair<int, int>> LineCountingLayout::ShapesIn(QString text) {
+  for (QChar& each : text) {
+    char16_t& unit = each.unicode();
+    const bool isDigit = (unit >= u'0') & (unit <= u'9');  // no branch: many are looked at together
+    unit = isDigit ? u'0' : unit;
+  }
   std::vector<std::pair<int, int>> shapes;
   ForEachLine(text, [&](QStringView line) {
-    const int shape = ShapeOf(line);
+    const int shape = NumberOfShape(line);
     // The same shapes come in a row.
     const auto known = std::find_if(shapes.rbegin(), shapes.rend(),
                                     [shape](const auto& entry) { return entry.first == shape; });
@@ -96,18 +100,11 @@ std::vector<std::pair<int, int>> LineCountingLayout::ShapesIn(const QString& tex
   return shapes;
 }
 
-int LineCountingLayout::ShapeOf(QStringView line) {
-  std::array<QChar, kLongestShape> units;
-  for (qsizetype i = 0; i < line.size(); ++i) {
-    const char16_t unit = line[i].unicode();
-    units[static_cast<std::size_t>(i)] = unit >= u'0' && unit <= u'9' ? u'0' : unit;
-  }
-  const QStringView shape(units.data(), line.size());
+int LineCountingLayout::NumberOfShape(QStringView shape) {
   if (lastShape_ < shapes_.size() && shapes_[lastShape_] == shape) {
     return static_cast<int>(lastShape_);
   }
-  const QString key = QString::fromRawData(units.data(), line.size());
-  const auto known = numberOfShape_.constFind(key);
+  const auto known = numberOfShape_.constFind(QString::fromRawData(shape.data(), shape.size()));
   if (known != numberOfShape_.constEnd()) {
     lastShape_ = static_cast<std::size_t>(*known);
   } else {

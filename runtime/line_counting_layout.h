@@ -28,8 +28,8 @@ class LineCountingLayout : public QPlainTextDocumentLayout {
  private:
   int DisplayedLines(const QTextBlock& block, BlockLines& known);
   int WrappedLines(const QString& text) const;
-  std::vector<std::pair<int, int>> ShapesIn(const QString& text);
-  int ShapeOf(QStringView line);
+  std::vector<std::pair<int, int>> ShapesIn(QString text);
+  int NumberOfShape(QStringView shape);
   int LinesOfShape(int shape);
   int LinesByLayout(const QString& line) const;
   void TellSize() { emit documentSizeChanged(documentSize()); }
