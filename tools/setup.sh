@@ -14,7 +14,7 @@ as_root() {
 apt_get() {
   local said='' end=$((SECONDS + lock_patience))
   until apt_complaint=$(as_root env LC_ALL=C DEBIAN_FRONTEND=noninteractive \
-    apt-get -qq --no-install-recommends "$@" 2>&1 >/dev/null); do
+    apt-get -qq --no-install-recommends --no-remove "$@" 2>&1 >/dev/null); do
     [[ $apt_complaint == *"Could not get lock"* ]] && ((SECONDS < end)) || return 1
     [[ -n $said ]] || echo "Another program is installing packages; waiting for it to end." >&2
     said=1
