@@ -1,4 +1,4 @@
-# The one place for warnings, sanitizers and floating-point rules. Every target of ours links
+# The one place for warnings, hardening, sanitizers and floating-point rules. Every target of ours links
 # peakwright_options.
 option(PEAKWRIGHT_WERROR "Treat warnings as errors" OFF)
 option(PEAKWRIGHT_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
@@ -17,6 +17,21 @@ endif()
 # GCC 12 sees overlapping copies inside std::string that aren't there.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   target_compile_options(peakwright_options INTERFACE -Wno-restrict)
+endif()
+
+# Hardening, where compiler and linker know it: only linkers of ELF files have these -z keywords.
+include(CheckCXXCompilerFlag)
+include(CheckLinkerFlag)
+check_linker_flag(CXX LINKER:-z,relro,-z,now PEAKWRIGHT_HAS_RELRO)
+check_cxx_compiler_flag(-fstack-protector-strong PEAKWRIGHT_HAS_STACK_PROTECTOR)
+check_cxx_compiler_flag(-fcf-protection PEAKWRIGHT_HAS_CF_PROTECTION)
+check_cxx_compiler_flag(-mbranch-protection=standard PEAKWRIGHT_HAS_BRANCH_PROTECTION)
+if(PEAKWRIGHT_HAS_RELRO)
+  target_link_options(peakwright_options INTERFACE LINKER:-z,relro,-z,now)
+  target_compile_options(peakwright_options INTERFACE
+    $<$<BOOL:${PEAKWRIGHT_HAS_STACK_PROTECTOR}>:-fstack-protector-strong>
+    $<$<BOOL:${PEAKWRIGHT_HAS_CF_PROTECTION}>:-fcf-protection>
+    $<$<BOOL:${PEAKWRIGHT_HAS_BRANCH_PROTECTION}>:-mbranch-protection=standard>)
 endif()
 
 if(PEAKWRIGHT_SANITIZE)

@@ -52,13 +52,13 @@ def line_at(text, offset):
 
 
 class Program:
-    def __init__(self, binary):
+    def __init__(self, binary, start=subprocess.Popen):
         Atspi.set_timeout(LONG_TEXT, LONG_TEXT)
         self.said = []
         self.listener = Atspi.EventListener.new(self._hear)
         for kind in ("object:announcement", "object:state-changed:showing"):
             self.listener.register(kind)
-        self.process = subprocess.Popen([binary], cwd=os.environ["HOME"])
+        self.process = start([binary], cwd=os.environ["HOME"])
         self.main = self.window("Peakwright")
         self.results = find(self.main, "text", "Results")
 
@@ -145,3 +145,14 @@ class Program:
         self.type(text)
         field = find(self.active(), "text", name)
         wait_for(text, lambda: text_of(field))
+
+    def printed(self):
+        """Prints the results as the dialogs offer it, into a PDF; its words."""
+        self.press("ctrl+p")
+        for dialog in ("Page Setup", "Print"):
+            self.window(dialog)
+            self.press("Return")
+        self.window("Peakwright")
+        pdf = os.environ["HOME"] + "/Peakwright.pdf"
+        return subprocess.run(["pdftotext", "-layout", pdf, "-"], capture_output=True, text=True,
+                              check=True).stdout.split()
