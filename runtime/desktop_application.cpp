@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cassert>
+#include <cstdlib>
 
 #include <QIcon>
 #include <QMessageBox>
@@ -13,6 +14,7 @@
 #include "runtime/desktop_window.h"
 #include "runtime/guarded_application.h"
 #include "runtime/held_input.h"
+#include "runtime/https_request.h"
 
 namespace peakwright {
 namespace {
@@ -68,6 +70,10 @@ DesktopApplication::DesktopApplication(int& argc, char** argv,
   current = this;
   if (QCoreApplication::instance() == nullptr) {
     toolkit_ = std::make_unique<GuardedApplication>(argc, argv);
+    // As its last act the toolkit would wait for the look-up, for many seconds.
+    QObject::connect(toolkit_.get(), &QObject::destroyed, [this] {
+      if (HttpsRequest::HasLeftLookup()) std::_Exit(exitCode_);
+    });
   }
   QGuiApplication::setQuitOnLastWindowClosed(false);
   // Not as the display name, which the toolkit would add to the title of every window.
@@ -101,7 +107,8 @@ void DesktopApplication::Start(const std::function<void()>& lateStartup) {
 
 int DesktopApplication::Run(const std::function<void()>& lateStartup) {
   Start(lateStartup);
-  return QCoreApplication::exec();
+  exitCode_ = QCoreApplication::exec();
+  return exitCode_;
 }
 
 void DesktopApplication::Quit(int code) { QCoreApplication::exit(code); }

@@ -91,6 +91,7 @@ class DesktopApplication {
   ImplicitInstance* Find(std::type_index type) const;
   void EndReleased();
 
+  int exitCode_ = 0;
   std::unique_ptr<QApplication> toolkit_;  // Empty where the process has one already.
   std::unique_ptr<HeldInput> input_;
   std::unique_ptr<QMessageBox> exceptions_;  // The box that shows them, once there was one.

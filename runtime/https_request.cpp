@@ -15,6 +15,8 @@ constexpr int kRedirects = 5;
 constexpr qint64 kReadAhead = 1 << 20;  // Bytes held in memory while the program is busy.
 constexpr quint16 kHttpsPort = 443;
 
+bool leftLookup = false;
+
 bool IsRedirect(int status) {
   return (status >= 301 && status <= 303) || status == 307 || status == 308;
 }
@@ -40,6 +42,10 @@ HttpsRequest::HttpsRequest(std::string_view method, const std::string& url,
   QMetaObject::invokeMethod(
       this, [this] { Connect(); }, Qt::QueuedConnection);
 }
+
+HttpsRequest::~HttpsRequest() { Cancel(); }
+
+bool HttpsRequest::HasLeftLookup() { return leftLookup; }
 
 void HttpsRequest::Connect() {
   if (url_.scheme() != QStringLiteral("https") || url_.host().isEmpty()) {
@@ -124,6 +130,7 @@ void HttpsRequest::Follow(const QUrl& target) {
 void HttpsRequest::Cancel() {
   isOver_ = true;
   if (socket_ == nullptr) return;
+  if (socket_->state() == QAbstractSocket::HostLookupState) leftLookup = true;
   socket_->disconnect(this);
   socket_->disconnectFromHost();
 }

@@ -20,6 +20,11 @@ namespace peakwright {
 class HttpsRequest : public QObject {
  public:
   HttpsRequest(std::string_view method, const std::string& url, bool validatesCertificate);
+  ~HttpsRequest() override;
+
+  /// Whether the system may still be looking up a name for a request that has ended. Nobody can
+  /// call that off.
+  static bool HasLeftLookup();
 
   std::function<void()> Answered;                         ///< The head of the reply is there.
   std::function<void(const std::string& data)> Received;  ///< More of its body.
