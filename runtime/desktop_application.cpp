@@ -48,7 +48,7 @@ class DesktopApplication::Running {
 bool GuardedApplication::notify(QObject* receiver, QEvent* event) {
   // Threads of the toolkit's own come by here too.
   if (QThread::currentThread() != thread()) return QApplication::notify(receiver, event);
-  const DesktopApplication::Running event_;
+  const DesktopApplication::Running underWay;
   try {
     return QApplication::notify(receiver, event);
   } catch (...) {

@@ -1,10 +1,12 @@
 #include "runtime/https_request.h"
 
 #include <algorithm>
+#include <chrono>
 
 #include <QNetworkProxy>
 #include <QSslConfiguration>
 #include <QSslSocket>
+#include <QTimer>
 
 #include "runtime/caption_text.h"
 
@@ -14,6 +16,7 @@ namespace {
 constexpr int kRedirects = 5;
 constexpr qint64 kReadAhead = 1 << 20;  // Bytes held in memory while the program is busy.
 constexpr quint16 kHttpsPort = 443;
+constexpr auto kPatience = std::chrono::seconds(5);  // With an address that doesn't answer.
 
 bool leftLookup = false;
 
@@ -68,9 +71,19 @@ void HttpsRequest::Connect() {
     socket_->setSslConfiguration(tls);
   }
   socket_->setReadBufferSize(kReadAhead);
-  socket_->setProxy(ProxyFor(url_));
-  socket_->connectToHostEncrypted(url_.host(QUrl::FullyEncoded),
-                                  static_cast<quint16>(url_.port(kHttpsPort)));
+  const QNetworkProxy proxy = ProxyFor(url_);
+  socket_->setProxy(proxy);
+  socket_->connectToHostEncrypted(
+      url_.host(QUrl::FullyEncoded), static_cast<quint16>(url_.port(kHttpsPort)),
+      QIODevice::ReadWrite,
+      usesIpv4Only_ ? QAbstractSocket::IPv4Protocol : QAbstractSocket::AnyIPProtocol);
+  if (usesIpv4Only_ || proxy.type() != QNetworkProxy::NoProxy) return;
+  // Where IPv6 leads nowhere, an address of that kind would use up the time.
+  QTimer::singleShot(kPatience, socket_, [this] {
+    if (socket_->state() != QAbstractSocket::ConnectingState) return;
+    usesIpv4Only_ = true;
+    Reconnect();
+  });
 }
 
 void HttpsRequest::Ask() {
@@ -119,11 +132,17 @@ void HttpsRequest::Follow(const QUrl& target) {
     End(QStringLiteral("Too many redirects"));
     return;
   }
-  socket_->disconnect(this);
-  socket_->deleteLater();
   url_ = target;
   reader_ = HttpReplyReader();
   isEndAnnounced_ = false;
+  usesIpv4Only_ = false;
+  Reconnect();
+}
+
+void HttpsRequest::Reconnect() {
+  socket_->disconnect(this);
+  socket_->deleteLater();
+  socket_ = nullptr;
   Connect();
 }
 

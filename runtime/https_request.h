@@ -45,11 +45,13 @@ class HttpsRequest : public QObject {
   void Read();
   void Close();
   void Follow(const QUrl& target);
+  void Reconnect();
   void End(const QString& failure);
 
   QByteArray method_;
   QUrl url_;
   bool validatesCertificate_;
+  bool usesIpv4Only_ = false;
   int redirects_ = 0;
   bool isOver_ = false;
   bool hasAnswered_ = false;
