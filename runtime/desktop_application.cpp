@@ -2,7 +2,12 @@
 
 #include <algorithm>
 #include <cassert>
-#include <cstdlib>
+
+#if __has_include(<unistd.h>)
+#include <unistd.h>
+#else
+#include <process.h>
+#endif
 
 #include <QIcon>
 #include <QMessageBox>
@@ -72,7 +77,7 @@ DesktopApplication::DesktopApplication(int& argc, char** argv,
     toolkit_ = std::make_unique<GuardedApplication>(argc, argv);
     // As its last act the toolkit would wait for the look-up, for many seconds.
     QObject::connect(toolkit_.get(), &QObject::destroyed, [this] {
-      if (HttpsRequest::HasLeftLookup()) std::_Exit(exitCode_);
+      if (HttpsRequest::HasLeftLookup()) _exit(exitCode_);
     });
   }
   QGuiApplication::setQuitOnLastWindowClosed(false);
