@@ -29,7 +29,8 @@ BlockLines BlockLines::Read(QStringView text) {
   std::uint16_t other = 0;
   const char16_t* const units = text.utf16();
   for (qsizetype i = 0; i < text.size(); ++i) {
-    other |= static_cast<std::uint16_t>(!IsPlain(units[i]) & (units[i] != kLineFeed.unicode()));
+    other |= static_cast<std::uint16_t>(static_cast<int>(!IsPlain(units[i])) &
+                                        static_cast<int>(units[i] != kLineFeed.unicode()));
   }
   read.plain = other == 0;
   return read;

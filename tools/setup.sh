@@ -28,6 +28,7 @@ apt_get() {
 # what is begun is brought to its end.
 apt_install() {
   if ! apt_get install --download-only "$@"; then  # the package lists may be absent or out of date
+    [[ $apt_complaint != *"Could not get lock"* ]] || return 1
     apt_get update || echo "$apt_complaint" >&2
     apt_get install --download-only "$@" || return 1
   fi
