@@ -48,6 +48,7 @@ QPalette DarkPalette() {
   palette.setColor(QPalette::AlternateBase, QColor(0x26, 0x26, 0x26));
   palette.setColor(QPalette::Highlight, QColor(0x2a, 0x6f, 0xc9));
   palette.setColor(QPalette::HighlightedText, Qt::white);
+  palette.setColor(QPalette::Inactive, QPalette::Highlight, QColor(0x50, 0x50, 0x50));
   return palette;
 }
 
@@ -95,6 +96,16 @@ void FixFieldColors(QWidget& field, std::uint32_t text, std::uint32_t background
   palette.setColor(QPalette::Base, QColor::fromRgb(background));
   palette.setColor(QPalette::Highlight, QColor(0x1f, 0x5f, 0xb8));
   palette.setColor(QPalette::HighlightedText, Qt::white);
+  // In a window that isn't in front.
+  palette.setColor(QPalette::Inactive, QPalette::Highlight, QColor(0xc8, 0xc8, 0xc8));
+  palette.setColor(QPalette::Inactive, QPalette::HighlightedText, Qt::black);
+  field.setPalette(palette);
+}
+
+void HideSelectionWithoutFocus(QWidget& field) {
+  QPalette palette = field.palette();
+  palette.setColor(QPalette::Inactive, QPalette::Highlight, palette.color(QPalette::Base));
+  palette.setColor(QPalette::Inactive, QPalette::HighlightedText, palette.color(QPalette::Text));
   field.setPalette(palette);
 }
 

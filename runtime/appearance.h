@@ -19,6 +19,9 @@ double Contrast(const QColor& one, const QColor& other);
 /// Gives a field its two fixed colours, which hold in every appearance.
 void FixFieldColors(QWidget& field, std::uint32_t text, std::uint32_t background);
 
+/// Shows what is selected in a field of fixed colours only while it has the focus.
+void HideSelectionWithoutFocus(QWidget& field);
+
 /// Gives a label its colour where that can be read on the window; elsewhere the appearance's own.
 void SetReadableTextColor(QWidget& label, std::uint32_t text);
 

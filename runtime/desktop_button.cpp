@@ -11,6 +11,7 @@ namespace peakwright {
 DesktopButton::DesktopButton(DesktopWindow& window, const ControlLayout& layout)
     : DesktopUIControl(window, std::make_unique<QPushButton>(), layout) {
   auto& button = static_cast<QPushButton&>(*Native());
+  button.setFocusPolicy(Qt::TabFocus);
   Caption(layout.Text);
   QObject::connect(&button, &QPushButton::clicked,
                    [this] { DesktopApplication::Current().RaiseInTurn(*Native(), Pressed); });

@@ -11,6 +11,7 @@ namespace peakwright {
 DesktopCheckBox::DesktopCheckBox(DesktopWindow& window, const ControlLayout& layout)
     : DesktopUIControl(window, std::make_unique<QCheckBox>(ToCaption(layout.Text)), layout) {
   auto& box = static_cast<QCheckBox&>(*Native());
+  box.setFocusPolicy(Qt::TabFocus);
   QObject::connect(&box, &QCheckBox::toggled, [this, &box](bool value) {
     HeldInput& input = DesktopApplication::Current().Input();
     if (!input.IsHolding()) {

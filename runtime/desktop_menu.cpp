@@ -5,13 +5,13 @@
 
 #include <QAction>
 #include <QCoreApplication>
-#include <QKeyEvent>
 #include <QKeySequence>
 #include <QMenu>
 #include <QMenuBar>
 
 #include "runtime/caption_text.h"
 #include "runtime/edit_commands.h"
+#include "runtime/menu_keys.h"
 
 namespace peakwright {
 namespace {
@@ -60,10 +60,14 @@ void DesktopMenuItem::Name(std::string_view name) {
   }
 }
 
-void DesktopMenuItem::Text(std::string_view text) {
-  action_->setText(ToCaption(text));
-  action_->setSeparator(text == "-");
-  if (menu_) menu_->setTitle(ToCaption(text));
+void DesktopMenuItem::Text(std::string_view text, char mnemonic) {
+  const bool isSeparator = text == "-";
+  QString caption = isSeparator ? QString() : ToCaption(text);
+  const qsizetype at = mnemonic == '\0' ? -1 : caption.indexOf(QLatin1Char(mnemonic));
+  if (at >= 0) caption.insert(at, u'&');
+  action_->setText(caption);
+  action_->setSeparator(isSeparator);
+  NativeTitle();
 }
 
 void DesktopMenuItem::Visible(bool visible) { action_->setVisible(visible); }
@@ -123,37 +127,22 @@ void DesktopMenuItem::StandardCommand(std::function<bool()> canAct, std::functio
 
 QMenu& DesktopMenuItem::NativeMenu() {
   if (!menu_) {
-    menu_ = std::make_unique<QMenu>(action_->text());
-    menu_->setAccessibleName(action_->text());
+    menu_ = std::make_unique<QMenu>();
+    NativeTitle();
   }
   return *menu_;
 }
 
+void DesktopMenuItem::NativeTitle() {
+  if (menu_ == nullptr) return;
+  menu_->setTitle(action_->text());
+  menu_->setAccessibleName(QString(action_->text()).remove(u'&'));
+}
+
 DesktopQuitMenuItem::DesktopQuitMenuItem() { Native()->setMenuRole(QAction::QuitRole); }
 
-/// Keeps a control from taking a command's key for itself: in a text field of X11, Ctrl+U would
-/// delete what the user typed. The platform's edit keys stay with the control.
-class DesktopMenuBar::CommandKeys : public QObject {
- public:
-  explicit CommandKeys(const DesktopMenuBar& bar) : bar_(bar) {}
-
-  bool eventFilter(QObject* watched, QEvent* event) override {
-    if (event->type() != QEvent::ShortcutOverride) return QObject::eventFilter(watched, event);
-    const QKeySequence keys(static_cast<const QKeyEvent&>(*event).keyCombination());
-    for (const auto& title : bar_.titles_) {
-      if (!title->HasCommand(keys)) continue;
-      event->ignore();
-      return true;
-    }
-    return false;
-  }
-
- private:
-  const DesktopMenuBar& bar_;
-};
-
 DesktopMenuBar::DesktopMenuBar()
-    : bar_(std::make_unique<QMenuBar>()), keys_(std::make_unique<CommandKeys>(*this)) {
+    : bar_(std::make_unique<QMenuBar>()), keys_(std::make_unique<MenuKeys>(*this)) {
   QCoreApplication::instance()->installEventFilter(keys_.get());
   bar_->setAccessibleName(QMenuBar::tr("Menu bar"));
 }
@@ -161,6 +150,7 @@ DesktopMenuBar::~DesktopMenuBar() = default;
 
 void DesktopMenuBar::AddMenu(std::unique_ptr<DesktopMenuItem> title) {
   bar_->addMenu(&title->NativeMenu());
+  keys_->Follow(title->NativeMenu());
   titles_.push_back(std::move(title));
 }
 
@@ -168,6 +158,11 @@ DesktopMenuItem* DesktopMenuBar::Child(std::string_view name) const { return Nam
 
 DesktopMenuItem* DesktopMenuBar::Lookup(std::string_view name) const {
   return NamedBelow(titles_, name);
+}
+
+bool DesktopMenuBar::HasCommand(const QKeySequence& keys) const {
+  return std::any_of(titles_.begin(), titles_.end(),
+                     [&](const auto& title) { return title->HasCommand(keys); });
 }
 
 }  // namespace peakwright

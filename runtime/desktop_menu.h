@@ -15,6 +15,8 @@ class QMenuBar;
 
 namespace peakwright {
 
+class MenuKeys;
+
 /// One item of a menu, or a menu title with items of its own.
 class DesktopMenuItem {
  public:
@@ -27,7 +29,8 @@ class DesktopMenuItem {
   /// The names EditUndo, EditCut, EditCopy and EditPaste make the item act on the text control
   /// that has the focus.
   void Name(std::string_view name);
-  void Text(std::string_view text);  ///< "-" makes a separator line.
+  /// "-" makes a separator line. Alt with the letter `mnemonic` of the text opens or chooses it.
+  void Text(std::string_view text, char mnemonic = '\0');
   void Visible(bool visible);
   void Shortcut(std::string_view shortcut);  ///< As "Cmd+P": Command on macOS, Ctrl elsewhere.
   void AutoEnabled(bool enabled);            ///< On: enabled while a handler is bound.
@@ -49,6 +52,8 @@ class DesktopMenuItem {
  private:
   /// Makes this one of the platform's own commands, enabled as the menu opens if it can act.
   void StandardCommand(std::function<bool()> canAct, std::function<void()> act);
+
+  void NativeTitle();
 
   std::string name_;
   bool autoEnabled_ = false;
@@ -78,14 +83,15 @@ class DesktopMenuBar : public ImplicitInstance {
   DesktopMenuItem* Child(std::string_view name) const;   ///< A menu title, or null.
   DesktopMenuItem* Lookup(std::string_view name) const;  ///< Any item of the bar, or null.
 
+  /// Whether these keys stand for an item, other than a platform's edit command.
+  bool HasCommand(const QKeySequence& keys) const;
+
   QMenuBar* Native() const { return bar_.get(); }
 
  private:
-  class CommandKeys;
-
   std::vector<std::unique_ptr<DesktopMenuItem>> titles_;
   std::unique_ptr<QMenuBar> bar_;
-  std::unique_ptr<CommandKeys> keys_;
+  std::unique_ptr<MenuKeys> keys_;
 };
 
 }  // namespace peakwright

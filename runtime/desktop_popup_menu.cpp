@@ -14,6 +14,9 @@ namespace {
 /// A row is chosen from the open menu only: neither the wheel nor an arrow key on the closed box
 /// chooses one in passing.
 class NativePopup : public QComboBox {
+ public:
+  NativePopup() { setFocusPolicy(Qt::TabFocus); }
+
  protected:
   void wheelEvent(QWheelEvent* event) override { event->ignore(); }
 
@@ -25,10 +28,32 @@ class NativePopup : public QComboBox {
         showPopup();
         break;
       default:  // Return and Escape among them, which belong to the window's buttons
-        event->ignore();
+        if (!OpenOn(event->text())) event->ignore();
     }
   }
+
+ private:
+  /// Opens the menu on the next row that begins with `letters`. Tells whether there is one.
+  bool OpenOn(const QString& letters) {
+    if (letters.isEmpty() || !letters.front().isLetterOrNumber()) return false;
+    const QModelIndex next = model()->index((currentIndex() + 1) % count(), 0);
+    const QModelIndexList found =
+        model()->match(next, Qt::DisplayRole, letters, 1, Qt::MatchStartsWith | Qt::MatchWrap);
+    if (found.isEmpty()) return false;
+    showPopup();
+    view()->setCurrentIndex(found.front());
+    return true;
+  }
 };
+
+constexpr int kWidestRow = 240;  // Pixels; longer names are shortened in the middle.
+
+/// What is shown and what is meant.
+void SetText(QComboBox& box, int row, std::string_view text) {
+  const QString whole = ToQString(text);
+  box.setItemText(row, box.fontMetrics().elidedText(whole, Qt::ElideMiddle, kWidestRow));
+  box.setItemData(row, whole, Qt::UserRole);
+}
 
 QComboBox& Box(const DesktopPopupMenu& menu) { return static_cast<QComboBox&>(*menu.Native()); }
 
@@ -48,13 +73,14 @@ DesktopPopupMenu::DesktopPopupMenu(DesktopWindow& window, const ControlLayout& l
 int DesktopPopupMenu::RowCount() const { return Box(*this).count(); }
 
 std::string DesktopPopupMenu::RowTextAt(int row) const {
-  return Box(*this).itemText(row).toStdString();
+  return Box(*this).itemData(row, Qt::UserRole).toString().toStdString();
 }
 
-void DesktopPopupMenu::AddRow(std::string_view text) { Box(*this).addItem(ToQString(text)); }
+void DesktopPopupMenu::AddRow(std::string_view text) { AddRowAt(RowCount(), text); }
 
 void DesktopPopupMenu::AddRowAt(int row, std::string_view text) {
-  Box(*this).insertItem(row, ToQString(text));
+  Box(*this).insertItem(row, QString());
+  SetText(Box(*this), row, text);
 }
 
 void DesktopPopupMenu::RemoveRowAt(int row) { Box(*this).removeItem(row); }

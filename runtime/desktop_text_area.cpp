@@ -27,6 +27,7 @@ int ToLine(std::int64_t line) {
 DesktopTextArea::DesktopTextArea(DesktopWindow& window, const ControlLayout& layout)
     : DesktopUIControl(window, std::make_unique<TextAreaView>(), layout) {
   FixFieldColors(View(*this), layout.TextColor, layout.BackgroundColor);
+  HideSelectionWithoutFocus(View(*this));
 }
 
 std::string DesktopTextArea::Text() const { return View(*this).Text(); }

@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMenuBar>
+#include <QMouseEvent>
 #include <QScreen>
 
 #include "runtime/announcement.h"
@@ -64,10 +65,13 @@ class DesktopWindow::NativeWindow : public QMainWindow {
     layout()->activate();
   }
 
-  /// Puts a floating window in the middle of its display. Its opening handler may move it.
-  void Center() {
-    if (type_ != WindowType::Floating) return;
-    move(screen()->availableGeometry().center() - rect().center());
+  /// Puts a floating window in the middle of its display; its opening handler may move it. The
+  /// document window goes up and to the left, so that its panels have room beside it.
+  void Place() {
+    constexpr QPoint kFromCorner(60, 20);
+    const QRect display = screen()->availableGeometry();
+    move(type_ == WindowType::Floating ? display.center() - rect().center()
+                                       : display.topLeft() + kFromCorner);
   }
 
   void ApplyTabOrder() {
@@ -116,7 +120,16 @@ class DesktopWindow::NativeWindow : public QMainWindow {
     }
   }
 
+  void mousePressEvent(QMouseEvent* event) override {
+    BackToField();
+    QMainWindow::mousePressEvent(event);
+  }
+
   bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::MouseButtonPress && watched != centralWidget() &&
+        (static_cast<QWidget*>(watched)->focusPolicy() & Qt::ClickFocus) == 0) {
+      BackToField();
+    }
     if (event->type() == QEvent::Resize && watched == centralWidget() && isVisible() &&
         centralWidget()->size() != contentSize_) {
       contentSize_ = centralWidget()->size();
@@ -126,6 +139,15 @@ class DesktopWindow::NativeWindow : public QMainWindow {
   }
 
  private:
+  /// After a click on what takes no focus, the next text typed goes into a field.
+  void BackToField() {
+    if (auto* field = qobject_cast<QLineEdit*>(focusWidget())) {
+      field->selectAll();
+    } else {
+      FocusFirst();
+    }
+  }
+
   static Qt::WindowFlags Flags(const WindowLayout& layout) {
     Qt::WindowFlags flags = Qt::CustomizeWindowHint | Qt::WindowTitleHint;
     flags |= layout.Type == WindowType::Floating ? Qt::Tool : Qt::Window;
@@ -159,7 +181,7 @@ int DesktopWindow::Height() const { return Content()->height(); }
 
 void DesktopWindow::Open() {
   native_->FitContent();
-  native_->Center();
+  native_->Place();
   native_->ApplyTabOrder();
   DesktopApplication::Current().Raise([this] { Event_Opening(); });
   if (visibleAtOpening_) Show();
@@ -171,7 +193,7 @@ void DesktopWindow::Show() {
     input.Keep(*native_, [this] { Show(); });
     return;
   }
-  if (native_->isHidden()) native_->FocusFirst();
+  native_->FocusFirst();
   if (native_->isMinimized()) {
     native_->showNormal();
   } else {
@@ -206,6 +228,7 @@ QWidget* DesktopWindow::Content() const { return native_->centralWidget(); }
 
 void DesktopWindow::AddToTabOrder(QWidget& widget, int tabIndex) {
   native_->tabOrder_.emplace_back(tabIndex, &widget);
+  widget.installEventFilter(native_.get());
 }
 
 void DesktopWindow::DefaultButton(QWidget& button) {

@@ -28,8 +28,7 @@ class DesktopWindow : public ImplicitInstance {
   int Width() const;   ///< Of the content.
   int Height() const;  ///< Of the content.
 
-  /// Brings the window on screen and to the front. One that was hidden gives the focus to its first
-  /// control.
+  /// Brings the window on screen and to the front, and gives the focus to its first control.
   void Show();
   void Hide();
   /// Takes the window off the screen for good; the next reference to it makes a new one. Safe to

@@ -5,8 +5,10 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QKeyEvent>
 #include <QLineEdit>
 
+#include "runtime/desktop_window.h"
 #include "runtime/text_area_view.h"
 
 namespace peakwright {
@@ -34,6 +36,12 @@ bool CanUndo(QWidget& focused) {
       [](TextAreaView& area) { return area.CanUndo(); });
 }
 
+bool CanRedo(QWidget& focused) {
+  return OnTextControl<bool>(
+      focused, [](QLineEdit& field) { return field.isRedoAvailable(); },
+      [](TextAreaView& area) { return area.CanRedo(); });
+}
+
 bool CanPaste(QWidget& focused) {
   return OnTextControl<bool>(
       focused, [](QLineEdit&) { return ClipboardHasText(); },
@@ -43,6 +51,11 @@ bool CanPaste(QWidget& focused) {
 void Undo(QWidget& focused) {
   OnTextControl<void>(
       focused, [](QLineEdit& field) { field.undo(); }, [](TextAreaView& area) { area.Undo(); });
+}
+
+void Redo(QWidget& focused) {
+  OnTextControl<void>(
+      focused, [](QLineEdit& field) { field.redo(); }, [](TextAreaView& area) { area.Redo(); });
 }
 
 void Cut(QWidget& focused) {
@@ -60,12 +73,23 @@ void Paste(QWidget& focused) {
       focused, [](QLineEdit& field) { field.paste(); }, [](TextAreaView& area) { area.paste(); });
 }
 
-const std::array<EditCommand, 4> kCommands{{
+const std::array<EditCommand, 5> kCommands{{
     {"EditUndo", CanUndo, Undo},
+    {"EditRedo", CanRedo, Redo},
     {"EditCut", HasSelection, Cut},
     {"EditCopy", HasSelection, Copy},
     {"EditPaste", CanPaste, Paste},
 }};
+
+/// The control that the command acts on now, or null.
+QWidget* Target(const EditCommand& command) {
+  QWidget* focused = QApplication::focusWidget();
+  if (focused != nullptr && command.canAct(*focused)) return focused;
+  const bool reachesResults = command.act == Undo || command.act == Redo;
+  if (!reachesResults || DesktopWindow::Document() == nullptr) return nullptr;
+  const QList<QPlainTextEdit*> areas = DesktopWindow::Document()->findChildren<QPlainTextEdit*>();
+  return areas.isEmpty() || !command.canAct(*areas.front()) ? nullptr : areas.front();
+}
 
 }  // namespace
 
@@ -76,13 +100,16 @@ const EditCommand* FindEditCommand(std::string_view menuItem) {
   return found == kCommands.end() ? nullptr : found;
 }
 
-bool CanAct(const EditCommand& command) {
-  QWidget* focused = QApplication::focusWidget();
-  return focused != nullptr && command.canAct(*focused);
+const EditCommand* FindEditCommand(const QKeyEvent& event) {
+  if (event.matches(QKeySequence::Undo)) return FindEditCommand("EditUndo");
+  if (event.matches(QKeySequence::Redo)) return FindEditCommand("EditRedo");
+  return nullptr;
 }
 
+bool CanAct(const EditCommand& command) { return Target(command) != nullptr; }
+
 void Act(const EditCommand& command) {
-  if (CanAct(command)) command.act(*QApplication::focusWidget());
+  if (QWidget* target = Target(command)) command.act(*target);
 }
 
 }  // namespace peakwright

@@ -16,7 +16,7 @@ std::unique_ptr<DesktopMenuItem> MakeItem(const menu_layout::Item& layout) {
                                               : std::make_unique<DesktopMenuItem>();
   item->Name(layout.Name);
   item->AutoEnabled(layout.Of != Kind::Title && layout.Of != Kind::Standard);
-  item->Text(layout.Text);
+  item->Text(layout.Text, layout.Mnemonic);
   item->Visible(true);
   item->Shortcut(layout.Shortcut);
   if (layout.Of == Kind::Marked) item->HasCheckMark(false);

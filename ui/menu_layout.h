@@ -19,26 +19,27 @@ struct Item {
   std::string_view Text;
   std::string_view Shortcut;
   Kind Of;
+  char Mnemonic = '\0';  // A letter of the text, which opens or chooses the item with Alt.
 };
 
 inline constexpr std::array<Item, 17> kItems{{
-    {"File", "File", "", Kind::Title},
-    {"FilePrint", "Print", "Cmd+P", Kind::Command},
-    {"FileRun", "Run", "Cmd+R", Kind::Command},
-    {"FileClear", "Clear", "", Kind::Command},
-    {"FileApplynitrogenrule", "Apply nitrogen rule", "", Kind::Marked},
-    {"FileAdditionalelements", "Additional elements", "", Kind::Marked},
-    {"FileElementdata", "Show isotope data", "", Kind::Marked},
-    {"FileMoreinfo", "More info", "", Kind::Command},
+    {"File", "File", "", Kind::Title, 'F'},
+    {"FilePrint", "Print", "Cmd+P", Kind::Command, 'P'},
+    {"FileRun", "Run", "Cmd+R", Kind::Command, 'R'},
+    {"FileClear", "Clear", "", Kind::Command, 'C'},
+    {"FileApplynitrogenrule", "Apply nitrogen rule", "", Kind::Marked, 'n'},
+    {"FileAdditionalelements", "Additional elements", "", Kind::Marked, 'A'},
+    {"FileElementdata", "Show isotope data", "", Kind::Marked, 'S'},
+    {"FileMoreinfo", "More info", "", Kind::Command, 'M'},
     {"FileSeparator", "-", "", Kind::Command},
-    {"FileUpdate", "Check for updates...", "Cmd+U", Kind::Command},
-    {"FileAbout", "About this program", "", Kind::Command},
-    {"FileQuit", "Quit", "Cmd+Q", Kind::Quit},
-    {"Edit", "Edit", "", Kind::Title},
-    {"EditUndo", "Undo", "Cmd+Z", Kind::Standard},
-    {"EditCut", "Cut", "Cmd+X", Kind::Standard},
-    {"EditCopy", "Copy", "Cmd+C", Kind::Standard},
-    {"EditPaste", "Paste", "Cmd+V", Kind::Standard},
+    {"FileUpdate", "Check for updates...", "Cmd+U", Kind::Command, 'u'},
+    {"FileAbout", "About this program", "", Kind::Command, 'b'},
+    {"FileQuit", "Quit", "Cmd+Q", Kind::Quit, 'Q'},
+    {"Edit", "Edit", "", Kind::Title, 'E'},
+    {"EditUndo", "Undo", "Cmd+Z", Kind::Standard, 'U'},
+    {"EditCut", "Cut", "Cmd+X", Kind::Standard, 't'},
+    {"EditCopy", "Copy", "Cmd+C", Kind::Standard, 'C'},
+    {"EditPaste", "Paste", "Cmd+V", Kind::Standard, 'P'},
 }};
 
 }  // namespace peakwright::menu_layout

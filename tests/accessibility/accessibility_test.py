@@ -28,7 +28,7 @@ import pyatspi  # noqa: E402
 from gi.repository import GLib  # noqa: E402
 
 # Boxes that only hold controls together; assistive tools pass over them.
-STRUCTURE = ("filler", "panel")
+STRUCTURE = ("filler", "panel", "separator")
 # Not on screen until their menu opens, but there to be read.
 IN_MENUS = ("popup menu", "menu item", "separator", "list", "list item")
 

@@ -169,6 +169,50 @@ TEST(MainWindow, RunAndClearAreUndone) {
   EXPECT_EQ(program.Results(), "");
 }
 
+TEST(MainWindow, TakesTheNextMassAfterAnyClick) {
+  Program program;
+  TextWindow& main = program.Main();
+  EXPECT_LE(main.Top() + 340, 400) << "the panels stand above the isotopes window";
+  main.CheckBox2.Value(true);
+  Window1& panel = Window1::Instance();
+  for (const DesktopUIControl* clicked :
+       Controls{&main.Pushbutton1, &main.PushButton2, &main.PushButton3, &main.checkbox1,
+                &main.MassText, &panel.PushButton3, &panel.PushButton1}) {
+    Program::Focus(*(clicked->Native()->window() == main.Native() ? &main.textfield2 : clicked));
+    Program::Click(*clicked);
+    Program::Choose("FileClear");
+    QTest::keyClicks(main.Native()->focusWidget(), QStringLiteral("58"));
+    QTest::keyClick(main.Native()->focusWidget(), Qt::Key_Return);
+    EXPECT_NE(program.Results().find(kListing58.substr(0, 40)), std::string::npos);
+  }
+}
+
+TEST(MainWindow, KeysReachTheResultsAndTheMenuBarFromEveryWindow) {
+  Program program;
+  TextWindow& main = program.Main();
+  main.CheckBox2.Value(true);
+  const std::string start = program.Results();
+  for (const DesktopUIControl* from :
+       Controls{&main.textfield1, &main.Pushbutton1, &Window1::Instance().textfield1(0)}) {
+    Program::Choose("FileClear");
+    Program::Key(*from, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(program.Results(), start);
+    QTest::keySequence(from->Native(), QKeySequence::Redo);
+    EXPECT_EQ(program.Results(), "");
+    Program::Choose("EditUndo");
+    QTest::keyClick(from->Native(), Qt::Key_J, Qt::AltModifier);
+    EXPECT_NE(from->Native()->property("text").toString(), "j");
+    QTest::keyClick(from->Native(), Qt::Key_F10);
+    ASSERT_EQ(QApplication::activePopupWidget(), &Menu::Instance().Child("File")->NativeMenu());
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+    QApplication::processEvents();
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    EXPECT_EQ(from->Native()->window()->focusWidget(), from->Native());
+    EXPECT_FALSE(main.Native()->focusWidget()->inherits("QMenuBar"));
+    EXPECT_EQ(program.Results(), start);
+  }
+}
+
 TEST(MainWindow, ResizesTheResultsOnARealChangeOnly) {
   Program program;
   TextWindow& main = program.Main();
