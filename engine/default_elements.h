@@ -8,9 +8,9 @@ namespace peakwright {
 
 /// The element table that the program starts with: cells parted by tabs, lines by carriage returns,
 /// the headings first. Masses are in u, valences in bonds, peak ratios in percent of M per atom.
-/// Where the ratios were taken from is not recorded; they agree with isotope abundances of the 1950s
-/// and 1960s, O-18 left out. docs/element_data.md sets them beside current ones, with sources, and
-/// repeats the table.
+/// Where the ratios were taken from is not recorded; they agree with isotope abundances of the
+/// 1950s and 1960s, O-18 left out. docs/element_data.md sets them beside current ones, with
+/// sources, and repeats the table.
 inline constexpr std::string_view kInitialElements =
     "Name\tUnit mass\tExact mass\tValence\t%(M+1)/M\t%(M+2)/M\r"
     "C\t12\t12.0000\t4\t1.120\t0\r"
