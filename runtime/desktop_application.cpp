@@ -16,6 +16,7 @@
 #include "runtime/appearance.h"
 #include "runtime/caption_text.h"
 #include "runtime/desktop_menu.h"
+#include "runtime/toolkit_messages.h"
 #include "runtime/desktop_window.h"
 #include "runtime/guarded_application.h"
 #include "runtime/held_input.h"
@@ -87,6 +88,7 @@ DesktopApplication::DesktopApplication(int& argc, char** argv,
   QGuiApplication::setDesktopFileName(ToQString(identity.Program));
   QGuiApplication::setWindowIcon(QIcon::fromTheme(ToQString(identity.Program)));
   FollowSystemAppearance();
+  SilenceAssistiveMessages();
   input_ = std::make_unique<HeldInput>();
 }
 

@@ -118,11 +118,19 @@ class Program:
 
     @staticmethod
     def press(*keys):
-        subprocess.run(["xdotool", "key", "--delay", "4", *keys], check=True)
+        if "WAYLAND_DISPLAY" not in os.environ:
+            subprocess.run(["xdotool", "key", "--delay", "4", *keys], check=True)
+            return
+        for key in keys:
+            *held, key = key.split("+")
+            subprocess.run(["wtype", *[word for name in held for word in ("-M", name)], "-k", key],
+                           check=True)
 
     @staticmethod
     def type(text):
-        subprocess.run(["xdotool", "type", "--delay", "4", text], check=True)
+        tool = ["xdotool", "type", "--delay", "4"]
+        subprocess.run([*(["wtype"] if "WAYLAND_DISPLAY" in os.environ else tool), text],
+                       check=True)
 
     def tab_to(self, role, name):
         """Presses Tab until the control has the focus."""

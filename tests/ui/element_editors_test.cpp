@@ -4,7 +4,6 @@
 #include <vector>
 
 #include <QAbstractItemView>
-#include <QAccessible>
 #include <QComboBox>
 #include <QScreen>
 #include <gtest/gtest.h>
@@ -33,12 +32,6 @@ void DoubleClickRow(int row) {
 
 std::string Cell(int row, int column) {
   return Window3::Instance().ListBox1.CellTextAt(row, column);
-}
-
-std::string AccessibleName(const DesktopUIControl& control) {
-  return QAccessible::queryAccessibleInterface(control.Native())
-      ->text(QAccessible::Name)
-      .toStdString();
 }
 
 // What can be seen of the windows: which are shown, 1 to 3, then + for the box "Additional
@@ -126,8 +119,6 @@ TEST(ElementEditors, MakeSodiumOfXAndListIt) {
   EXPECT_EQ(counts.Label3(7).Text(), "Na");
   EXPECT_EQ(counts.PopupMenu1.RowTextAt(12), "Na");
   EXPECT_EQ(counts.PopupMenu1.RowCount(), 14);
-  EXPECT_EQ(AccessibleName(counts.textfield1(7)), "Na");
-  EXPECT_EQ(AccessibleName(editor.textfield1(5)), "%(M+2)/M");
   Program::Type(counts.textfield1(7), "1");
   Program::Type(main.textfield1, "138");
   Program::Choose("FileClear");
