@@ -1,6 +1,7 @@
 #include "runtime/announcement.h"
 
 #include <chrono>
+#include <memory>
 
 #include <QAccessible>
 #include <QAccessibleObject>
@@ -52,10 +53,11 @@ class Notification : public QAccessibleObject {
 /// Before 6.8 the toolkit has no announcements; a notification that appears is its way.
 void Send(QWidget& window, const QString& text) {
   const QString kind = QStringLiteral("notification");
-  delete window.findChild<QObject*>(kind, Qt::FindDirectChildrenOnly);
-  auto* object = new QObject(&window);
+  const std::unique_ptr<QObject> former(
+      window.findChild<QObject*>(kind, Qt::FindDirectChildrenOnly));
+  auto* object = std::make_unique<QObject>(&window).release();
   object->setObjectName(kind);
-  QAccessible::registerAccessibleInterface(new Notification(*object, text));
+  QAccessible::registerAccessibleInterface(std::make_unique<Notification>(*object, text).release());
   QAccessibleEvent shown(object, QAccessible::ObjectShow);
   QAccessible::updateAccessibility(&shown);
 }
@@ -73,7 +75,7 @@ void Announce(QWidget& window, std::string_view text) {
   }
   // What a screen reader says of a window that comes forward would cut the words short.
   constexpr auto kLongestWait = std::chrono::milliseconds(300);
-  auto* wait = new QTimer(&window);
+  auto* wait = std::make_unique<QTimer>(&window).release();
   wait->setSingleShot(true);
   QObject::connect(qGuiApp, &QGuiApplication::focusWindowChanged, wait, [wait](QWindow* front) {
     if (front != nullptr) wait->start(0);
