@@ -7,6 +7,7 @@ usage: accessibility_test.py x11|wayland PROGRAM [unittest argument...]
 import os
 import re
 import socket
+import subprocess
 import sys
 import time
 import unittest
