@@ -1,94 +1,132 @@
 #include "runtime/printer_setup.h"
 
 #include <algorithm>
-#include <array>
-#include <optional>
+#include <utility>
 
+#include <QComboBox>
 #include <QCoreApplication>
 #include <QDir>
+#include <QEvent>
 #include <QFileInfo>
 #include <QLineEdit>
-#include <QPageLayout>
+#include <QLoggingCategory>
+#include <QPageRanges>
 #include <QPageSetupDialog>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QSpinBox>
 
-#include "runtime/caption_text.h"
+#include "runtime/page_setup.h"
 
 namespace peakwright {
 namespace {
 
-/// Width and height of the upright paper, 1 for landscape, and the margins at the left, top, right
-/// and bottom. Lengths in millimetres, of which the toolkit keeps hundredths.
-using PageSetup = std::array<double, 7>;
+/// Keeps the toolkit from writing a warning where there is no printer, which is no error here.
+class QuietToolkit {
+ public:
+  QuietToolkit() { QLoggingCategory::defaultCategory()->setEnabled(QtWarningMsg, false); }
+  QuietToolkit(const QuietToolkit&) = delete;
+  QuietToolkit& operator=(const QuietToolkit&) = delete;
+  ~QuietToolkit() { QLoggingCategory::defaultCategory()->setEnabled(QtWarningMsg, true); }
+};
 
-constexpr double kLongestSide = 5080;  // Of the largest page of a PDF file.
+/// Keeps the page setup in step with the printer's properties, a window that the print dialog opens
+/// with the printer's own defaults.
+class PropertiesKeeper : public QObject {
+ public:
+  PropertiesKeeper(QPrintDialog& dialog, PageSetup& setup) : QObject(&dialog), setup_(setup) {
+    dialog.installEventFilter(this);
+  }
 
-std::string ToSettings(const PageSetup& setup) {
-  QStringList fields;
-  for (const double field : setup) fields << QString::number(field, 'g', 12);
-  return fields.join(u' ').toStdString();
-}
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::ChildAdded) {
+      QObject* child = static_cast<QChildEvent*>(event)->child();
+      if (child->isWidgetType()) child->installEventFilter(this);
+    } else if (watched != parent() && !event->spontaneous()) {
+      auto* properties = qobject_cast<QDialog*>(watched);
+      if (properties != nullptr && event->type() == QEvent::Show) setup_.FillIn(*properties);
+      if (properties != nullptr && event->type() == QEvent::Hide &&
+          properties->result() == QDialog::Accepted) {
+        setup_.ReadFrom(*properties);
+      }
+    }
+    return false;
+  }
 
-std::optional<PageSetup> FromSettings(std::string_view settings) {
-  const QStringList fields = ToQString(settings).split(u' ');
-  PageSetup setup{};
-  if (fields.size() != static_cast<qsizetype>(setup.size())) return std::nullopt;
-  bool readable = true;
-  std::transform(fields.begin(), fields.end(), setup.begin(), [&](const QString& field) {
-    bool isNumber = false;
-    const double value = field.toDouble(&isNumber);
-    readable = readable && isNumber && value >= 0 && value <= kLongestSide;
-    return value;
-  });
-  return readable ? std::optional(setup) : std::nullopt;
-}
+ private:
+  PageSetup& setup_;
+};
 
-/// The dialog of desktops that have none of their own lacks a file name, and offers an order of
-/// pages that a text which is printed as it is laid out can't have.
+/// The dialog of desktops that have none of their own lacks a file name, and offers what the text,
+/// which is printed as it is laid out, can't have: another order of pages and, in a file, copies.
 void CompleteFileDialog(QPrintDialog& dialog) {
   if (auto* reverse = dialog.findChild<QWidget*>(QStringLiteral("reverse"))) reverse->hide();
+  auto* copies = dialog.findChild<QSpinBox*>(QStringLiteral("copies"));
+  auto* target = dialog.findChild<QComboBox*>(QStringLiteral("printers"));
+  if (copies != nullptr && target != nullptr) {
+    const auto offerCopies = [&dialog, copies] {
+      const bool toFile = dialog.printer()->outputFormat() == QPrinter::PdfFormat;
+      if (toFile) copies->setValue(1);
+      copies->parentWidget()->setEnabled(!toFile);
+    };
+    QObject::connect(target, &QComboBox::currentIndexChanged, &dialog, offerCopies);
+    offerCopies();
+  }
   auto* file = dialog.findChild<QLineEdit*>(QStringLiteral("filename"));
   if (file == nullptr || !QFileInfo(file->text()).isDir()) return;
   file->setText(QDir(file->text()).filePath(dialog.printer()->docName() + QStringLiteral(".pdf")));
 }
 
+/// The toolkit refuses a list of pages unless the printer has one already.
+void AcceptPageLists(QPrintDialog& dialog) {
+  auto* list = dialog.findChild<QLineEdit*>(QStringLiteral("pagesLineEdit"));
+  if (list == nullptr) return;
+  QObject::connect(list, &QLineEdit::textChanged, &dialog, [&dialog](const QString& text) {
+    dialog.printer()->setPageRanges(QPageRanges::fromString(text));
+  });
+}
+
 }  // namespace
 
-PrinterSetup::PrinterSetup() : printer_(std::make_shared<QPrinter>(QPrinter::HighResolution)) {
+PrinterSetup::PrinterSetup()
+    : printer_(std::make_shared<QPrinter>(QPrinter::HighResolution)),
+      setup_(std::make_unique<PageSetup>(PageSetup::Of(*printer_))) {
   printer_->setDocName(QCoreApplication::applicationName());
 }
 
 PrinterSetup::~PrinterSetup() = default;
 
-std::string PrinterSetup::Settings() const {
-  const QPageLayout page = printer_->pageLayout();
-  const QSizeF paper = page.pageSize().size(QPageSize::Millimeter);
-  const QMarginsF margins = page.margins(QPageLayout::Millimeter);
-  return ToSettings({paper.width(), paper.height(),
-                     page.orientation() == QPageLayout::Landscape ? 1.0 : 0.0, margins.left(),
-                     margins.top(), margins.right(), margins.bottom()});
-}
+std::string PrinterSetup::Settings() const { return setup_->ToSettings(); }
 
 void PrinterSetup::Settings(std::string_view settings) {
-  const std::optional<PageSetup> setup = FromSettings(settings);
-  if (!setup.has_value()) return;
-  const auto [width, height, landscape, left, top, right, bottom] = *setup;
-  const QPageLayout page(QPageSize(QSizeF(width, height), QPageSize::Millimeter),
-                         landscape == 1 ? QPageLayout::Landscape : QPageLayout::Portrait,
-                         QMarginsF(left, top, right, bottom), QPageLayout::Millimeter);
-  if (page.isValid() && !page.paintRect().isEmpty()) printer_->setPageLayout(page);
+  if (auto setup = PageSetup::FromSettings(settings)) *setup_ = *std::move(setup);
 }
 
 bool PrinterSetup::ShowPageSetupDialog() {
-  QPageSetupDialog dialog(printer_.get());
-  return dialog.exec() == QDialog::Accepted;
+  setup_->ApplyTo(*printer_);
+  const auto dialog = [this] {
+    const QuietToolkit quiet;
+    return std::make_unique<QPageSetupDialog>(printer_.get());
+  }();
+  setup_->FillIn(*dialog);
+  if (dialog->exec() != QDialog::Accepted) return false;
+  setup_->Layout = printer_->pageLayout();
+  setup_->ReadFrom(*dialog);
+  return true;
 }
 
-std::unique_ptr<Graphics> PrinterSetup::ShowPrinterDialog() {
+std::unique_ptr<Graphics> PrinterSetup::ShowPrinterDialog(int pages) {
+  setup_->ApplyTo(*printer_);
   QPrintDialog dialog(printer_.get());
+  dialog.setMinMax(1, std::max(1, pages));
+  dialog.setFromTo(1, std::max(1, pages));
+  dialog.setPrintRange(QPrintDialog::AllPages);
   CompleteFileDialog(dialog);
+  AcceptPageLists(dialog);
+  PageSetup chosen = *setup_;
+  const PropertiesKeeper keeper(dialog, chosen);
   if (dialog.exec() != QDialog::Accepted) return nullptr;
+  chosen.ApplyTo(*printer_);
   return std::make_unique<Graphics>(printer_);
 }
 

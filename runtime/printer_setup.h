@@ -10,6 +10,8 @@ class QPrinter;
 
 namespace peakwright {
 
+struct PageSetup;
+
 /// The platform's page-setup and print dialogs.
 class PrinterSetup {
  public:
@@ -19,17 +21,19 @@ class PrinterSetup {
   PrinterSetup& operator=(const PrinterSetup&) = delete;
   ~PrinterSetup();
 
-  /// Paper, orientation and margins, in a form that only this class reads.
+  /// Paper, orientation, margins and pages a sheet, in a form that only this class reads.
   std::string Settings() const;
   /// Settings that can't be read back count as none.
   void Settings(std::string_view settings);
 
   bool ShowPageSetupDialog();  ///< False on cancel.
-  /// The job that the user asked for, or null on cancel.
-  std::unique_ptr<Graphics> ShowPrinterDialog();
+  /// The job that the user asked for, out of so many pages, or null on cancel. What the user
+  /// changes of the page setup there is for this job only.
+  std::unique_ptr<Graphics> ShowPrinterDialog(int pages);
 
  private:
   std::shared_ptr<QPrinter> printer_;
+  std::unique_ptr<PageSetup> setup_;
 };
 
 }  // namespace peakwright

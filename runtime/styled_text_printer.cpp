@@ -15,6 +15,8 @@ namespace {
 // pages thus break at the same places on every device, and no advance is rounded to its dots.
 constexpr int kLayoutUnits = 20;
 
+constexpr double kTabStop = 80;  // As in the toolkit's text areas.
+
 // Characters that are laid out at a time: what a long text takes is the text and one such stretch.
 constexpr qsizetype kStretch = 4096;
 
@@ -37,7 +39,7 @@ QTextOption PrintedOption() {
   option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
   option.setTextDirection(Qt::LeftToRight);
   option.setUseDesignMetrics(true);
-  option.setTabStopDistance(option.tabStopDistance() * kLayoutUnits);
+  option.setTabStopDistance(kTabStop * kLayoutUnits);
   return option;
 }
 

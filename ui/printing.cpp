@@ -11,11 +11,21 @@
 namespace peakwright::Module1 {
 namespace {
 
-// In 1/72 inch, the same on every paper.
+// In units of the job, the same on every paper.
 constexpr int kTextWidth = 540;
 constexpr int kLeftEdge = 36;
 constexpr int kTopEdge = 36;
 constexpr int kBlockHeight = 720;
+
+/// Draws the results block after block, and gives the number of pages.
+int Draw(Graphics& page) {
+  StyledTextPrinter text = TextWindow::Instance().textfield2.StyledTextPrinter(page, kTextWidth);
+  while (!text.Eof()) {
+    text.DrawBlock(kLeftEdge, kTopEdge, kBlockHeight);
+    if (!text.Eof()) page.NextPage();
+  }
+  return page.Page();
+}
 
 }  // namespace
 
@@ -24,13 +34,9 @@ void printer() {
   if (!psettings.empty()) setup.Settings(psettings);
   if (!setup.ShowPageSetupDialog()) return;
   psettings = setup.Settings();
-  const std::unique_ptr<Graphics> page = setup.ShowPrinterDialog();
-  if (page == nullptr) return;
-  StyledTextPrinter text = TextWindow::Instance().textfield2.StyledTextPrinter(*page, kTextWidth);
-  while (!text.Eof()) {
-    text.DrawBlock(kLeftEdge, kTopEdge, kBlockHeight);
-    if (!text.Eof()) page->NextPage();
-  }
+  Graphics nowhere;
+  const std::unique_ptr<Graphics> page = setup.ShowPrinterDialog(Draw(nowhere));
+  if (page != nullptr) Draw(*page);
 }
 
 }  // namespace peakwright::Module1

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include <QPrinterInfo>
+#include <QTest>
 #include <QtWidgets>
 #include <gtest/gtest.h>
 
@@ -23,6 +25,14 @@ const Answer kLandscape = [](QDialog& dialog) {
   dialog.findChild<QDoubleSpinBox*>("leftMargin")->setValue(25);
   dialog.accept();
 };
+const Answer kQuit = [](QDialog&) { QCoreApplication::quit(); };
+
+QString Read(const QString& command) {
+  QProcess reader;
+  reader.startCommand(command);
+  EXPECT_TRUE(reader.waitForFinished());
+  return QString::fromUtf8(reader.readAllStandardOutput());
+}
 
 class Printing : public testing::Test {
  protected:
@@ -35,7 +45,11 @@ class Printing : public testing::Test {
       if (dialog != nullptr) (dialogs++ < answers.size() ? answers[dialogs - 1] : kCancel)(*dialog);
     });
     user.start(1);
-    program_.Raise(Module1::printer);
+    QTimer::singleShot(0, [&] {
+      program_.Raise(Module1::printer);
+      QCoreApplication::quit();
+    });
+    QCoreApplication::exec();
     EXPECT_EQ(dialogs, answers.size());
   }
 
@@ -43,11 +57,10 @@ class Printing : public testing::Test {
   std::string Printed(const std::string& text, const Answer& printDialog) {
     results_.Text(text);
     Print({kAccept, printDialog});
-    QProcess reader;
-    reader.startCommand("pdftotext -fixed 9.6 -x 36 -y 36 -W 540 -H 720 " + file_ + " -");
-    EXPECT_TRUE(reader.waitForFinished());
-    return reader.readAllStandardOutput().toStdString();
+    return Read("pdftotext -fixed 9.6 -x 36 -y 36 -W 540 -H 720 " + file_ + " -").toStdString();
   }
+
+  void SetUp() override { Module1::psettings.clear(); }
 
   Program program_;
   DesktopTextArea& results_ = program_.Main().textfield2;
@@ -68,10 +81,10 @@ std::string Rows(int first, int last) {
 }
 
 TEST_F(Printing, KeepsThePageSetupThatWasAcceptedLast) {
-  Module1::psettings.clear();
   Print({kCancel});
+  Print({kQuit});
   EXPECT_EQ(Module1::psettings, "");
-  Print({kLandscape, kCancel});
+  Print({kLandscape, kQuit});
   const std::string kept = Module1::psettings;
   const std::string none = PrinterSetup().Settings();
   EXPECT_NE(kept, none);
@@ -112,6 +125,107 @@ TEST_F(Printing, TellsThatTheFileCannotBeWritten) {
     file_ = target;
     Print({kAccept, toFile_});
     EXPECT_NE(program_.LastException().find(target.toStdString()), std::string::npos);
+  }
+}
+
+TEST_F(Printing, PutsEveryWordOnASheetOfAnyPaper) {
+  QString words;
+  for (int i = 1; i <= 320; ++i) words += QString::number(i) + (i % 9 == 0 ? "\r" : "\t");
+  results_.Text(words.toStdString());
+  int papers = 1;
+  for (int i = 0; i < 2 * papers; ++i) {
+    const Answer paper = [&, i](QDialog& dialog) {
+      auto& list = *dialog.findChild<QComboBox*>("pageSizeCombo");
+      papers = list.count();
+      list.setCurrentIndex(i / 2);
+      dialog.findChild<QRadioButton*>(i % 2 == 0 ? "portrait" : "landscape")->click();
+      dialog.accept();
+    };
+    QFile::remove(file_);
+    Print({paper, toFile_});
+    EXPECT_EQ(Read("pdftotext -raw " + file_ + " -").simplified(), words.simplified()) << i;
+  }
+  EXPECT_GT(papers, 100);
+}
+
+/// With a print server that has a PDF printer.
+class PrintingOnPrinter : public Printing {
+ protected:
+  void SetUp() override {
+    Printing::SetUp();
+    if (QStandardPaths::findExecutable("cupsd", {"/usr/sbin", "/usr/bin"}).isEmpty()) {
+      GTEST_SKIP() << "There is no print server on this machine.";
+    }
+    QFile::setPermissions(folder_.path(), QFile::Permissions(0x7755));
+    qputenv("CUPS_SERVER", (folder_.path() + "/socket").toUtf8());
+    server_.start(PEAKWRIGHT_PRINT_SERVER, {folder_.path()});
+    ASSERT_TRUE(
+        QTest::qWaitFor([] { return QPrinterInfo::availablePrinterNames().size() == 2; }, 20000));
+  }
+
+  void TearDown() override {
+    server_.terminate();
+    server_.waitForFinished();
+  }
+
+  /// Width and height of the sheets that came out of the printer, and their number.
+  QString Sheets() {
+    const QString sheets = folder_.path() + "/out.pdf";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(sheets); }, 20000));
+    const QString info = Read("pdfinfo " + sheets).simplified();
+    QFile::remove(sheets);
+    return info.section("Pages: ", 1).section(' ', 0, 0) + " of " +
+           info.section("Page size: ", 1).section(" pts", 0, 0);
+  }
+
+  QProcess server_;
+};
+
+TEST_F(PrintingOnPrinter, KeepsToThePageSetup) {
+  results_.Text(Rows(1, 220));
+  for (const QString setup : {"A4 0 portrait 7 of 595 x 842", "A4 2 portrait 2 of 595 x 842",
+                               "A4 0 landscape 7 of 595 x 842", "Custom 0 portrait 7 of 500 x 700",
+                               "Letter 0 portrait 7 of 612 x 792"}) {
+    const QStringList chosen = setup.split(' ');
+    const Answer setUp = [&](QDialog& dialog) {
+      dialog.findChild<QComboBox*>("unitCombo")->setCurrentIndex(2);
+      emit dialog.findChild<QComboBox*>("unitCombo")->activated(2);
+      dialog.findChild<QRadioButton*>(chosen[2])->click();
+      dialog.findChild<QComboBox*>("pageSizeCombo")->setCurrentText(chosen[0]);
+      dialog.findChild<QDoubleSpinBox*>("pageWidth")->setValue(500.5);
+      dialog.findChild<QDoubleSpinBox*>("pageHeight")->setValue(700.5);
+      dialog.findChild<QDoubleSpinBox*>("topMargin")->setValue(99);
+      dialog.findChild<QComboBox*>("pagesPerSheetCombo")->setCurrentIndex(chosen[1].toInt());
+      dialog.accept();
+    };
+    Print({setUp, kAccept});
+    EXPECT_EQ(Sheets(), setup.section(' ', 3)) << setup.toStdString();
+    Print({kAccept, kAccept});
+    EXPECT_EQ(Sheets(), setup.section(' ', 3)) << setup.toStdString();
+  }
+}
+
+TEST_F(PrintingOnPrinter, TellsThatNothingIsPrinted) {
+  results_.Text("text");
+  const Answer closed = [](QDialog& dialog) {
+    dialog.findChild<QComboBox*>("printers")->setCurrentText("closed");
+    dialog.accept();
+  };
+  const Answer noPage = [](QDialog& dialog) {
+    dialog.findChild<QRadioButton*>("pagesRadioButton")->setChecked(true);
+    dialog.findChild<QLineEdit*>("pagesLineEdit")->setText("2,4-6");
+    dialog.accept();
+  };
+  const Answer gone = [this](QDialog& dialog) {
+    TearDown();
+    dialog.accept();
+  };
+  for (const auto& [answer, words] :
+       {std::pair(closed, "\"closed\" did not take"), std::pair(noPage, "no such page"),
+        std::pair(gone, "\"lab\" did not take")}) {
+    Print({kAccept, answer});
+    EXPECT_NE(program_.LastException().find(words), std::string::npos) << program_.LastException();
+    EXPECT_EQ(results_.Text(), "text");
   }
 }
 
