@@ -9,6 +9,7 @@
 #include <QDoubleSpinBox>
 #include <QPrintEngine>
 #include <QPrinter>
+#include <QPrinterInfo>
 #include <QRadioButton>
 
 #include "runtime/caption_text.h"
@@ -111,7 +112,12 @@ QPageSize PaperIn(const Fields& fields) {
 
 }  // namespace
 
-PageSetup PageSetup::Of(const QPrinter& printer) { return {printer.pageLayout()}; }
+PageSetup PageSetup::Of(const QPrinter& printer) {
+  PageSetup setup{printer.pageLayout()};
+  const QPageSize paper = QPrinterInfo(printer).defaultPageSize();
+  if (paper.isValid()) setup.Layout.setPageSize(paper, setup.Layout.minimumMargins());
+  return setup;
+}
 
 std::string PageSetup::ToSettings() const {
   const QSizeF paper = Layout.pageSize().size(QPageSize::Millimeter);

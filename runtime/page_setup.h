@@ -18,7 +18,7 @@ struct PageSetup {
   int PagesPerSheet = 0;  ///< Row of the toolkit's list, from 1 page to 16 pages a sheet.
   int SheetOrder = 0;     ///< Row of the toolkit's list of ways to place them.
 
-  /// That of `printer` as it stands.
+  /// That of `printer` as it stands, on the printer's own default paper.
   static PageSetup Of(const QPrinter& printer);
   /// Nothing if `settings` didn't come from ToSettings.
   static std::optional<PageSetup> FromSettings(std::string_view settings);

@@ -183,9 +183,11 @@ class PrintingOnPrinter : public Printing {
 
 TEST_F(PrintingOnPrinter, KeepsToThePageSetup) {
   results_.Text(Rows(1, 220));
+  Print({kAccept, kAccept});
+  EXPECT_EQ(Sheets(), "7 of 612 x 792") << "the printer's own paper";
   for (const QString setup : {"A4 0 portrait 7 of 595 x 842", "A4 2 portrait 2 of 595 x 842",
-                               "A4 0 landscape 7 of 595 x 842", "Custom 0 portrait 7 of 500 x 700",
-                               "Letter 0 portrait 7 of 612 x 792"}) {
+                              "A4 0 landscape 7 of 595 x 842", "Custom 0 portrait 7 of 500 x 700",
+                              "Letter 0 portrait 7 of 612 x 792"}) {
     const QStringList chosen = setup.split(' ');
     const Answer setUp = [&](QDialog& dialog) {
       dialog.findChild<QComboBox*>("unitCombo")->setCurrentIndex(2);
