@@ -23,9 +23,12 @@ endif()
 include(CheckCXXCompilerFlag)
 include(CheckLinkerFlag)
 check_linker_flag(CXX LINKER:-z,relro,-z,now PEAKWRIGHT_HAS_RELRO)
+# Clang takes what other processors have, and warns that it is of no use.
+set(CMAKE_REQUIRED_FLAGS -Werror)
 check_cxx_compiler_flag(-fstack-protector-strong PEAKWRIGHT_HAS_STACK_PROTECTOR)
 check_cxx_compiler_flag(-fcf-protection PEAKWRIGHT_HAS_CF_PROTECTION)
 check_cxx_compiler_flag(-mbranch-protection=standard PEAKWRIGHT_HAS_BRANCH_PROTECTION)
+unset(CMAKE_REQUIRED_FLAGS)
 if(PEAKWRIGHT_HAS_RELRO)
   target_link_options(peakwright_options INTERFACE LINKER:-z,relro,-z,now)
   target_compile_options(peakwright_options INTERFACE

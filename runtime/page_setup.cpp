@@ -191,9 +191,10 @@ void PageSetup::ApplyTo(QPrinter& printer) const {
     if (at >= 0) options.remove(at, 2);
   }
   if (PagesPerSheet > 0) {
-    options << QStringLiteral("number-up") << QString::fromLatin1(kPagesPerSheet.at(PagesPerSheet))
-            << QStringLiteral("number-up-layout")
-            << QString::fromLatin1(kSheetOrder.at(SheetOrder));
+    const auto pages = static_cast<std::size_t>(PagesPerSheet);
+    const auto order = static_cast<std::size_t>(SheetOrder);
+    options << QStringLiteral("number-up") << QString::fromLatin1(kPagesPerSheet.at(pages))
+            << QStringLiteral("number-up-layout") << QString::fromLatin1(kSheetOrder.at(order));
   }
   printer.printEngine()->setProperty(kServerOptions, options);
 }
