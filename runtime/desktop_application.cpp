@@ -66,7 +66,10 @@ bool GuardedApplication::notify(QObject* receiver, QEvent* event) {
 
 bool GuardedApplication::event(QEvent* event) {
   // The toolkit would ask each window to close, and take one that stays for an objection.
-  if (event->type() == QEvent::Quit) return QCoreApplication::event(event);
+  if (event->type() == QEvent::Quit) {
+    exit(0);
+    return true;
+  }
   return QApplication::event(event);
 }
 
