@@ -8,13 +8,6 @@
 #include <QPalette>
 #include <QStyle>
 #include <QWidget>
-#if QT_VERSION < QT_VERSION_CHECK(6, 5, 0) && defined(Q_OS_LINUX)
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
-#include <QDBusVariant>
-#endif
 
 #include "runtime/color.h"
 
@@ -55,31 +48,6 @@ QPalette DarkPalette() {
 }  // namespace
 
 bool Color::IsDarkMode() { return IsDark(QApplication::palette()); }
-
-void FollowSystemAppearance() {
-#if QT_VERSION < QT_VERSION_CHECK(6, 5, 0) && defined(Q_OS_LINUX)
-  // Before 6.5 the toolkit doesn't ask the desktop for its colour scheme. Where no bus runs, none
-  // is started for this.
-  if (!qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS")) return;
-  QDBusMessage question = QDBusMessage::createMethodCall(
-      QStringLiteral("org.freedesktop.portal.Desktop"),
-      QStringLiteral("/org/freedesktop/portal/desktop"),
-      QStringLiteral("org.freedesktop.portal.Settings"), QStringLiteral("Read"));
-  question << QStringLiteral("org.freedesktop.appearance") << QStringLiteral("color-scheme");
-  constexpr int kPortalTimeout = 1000;  // ms; nothing waits for the answer.
-  const QDBusPendingCall call = QDBusConnection::sessionBus().asyncCall(question, kPortalTimeout);
-  auto* watcher = std::make_unique<QDBusPendingCallWatcher>(call, qApp).release();
-  QObject::connect(watcher, &QDBusPendingCallWatcher::finished, qApp, [watcher] {
-    const QDBusPendingReply<QDBusVariant> reply = *watcher;
-    watcher->deleteLater();
-    if (reply.isError()) return;
-    QVariant scheme = reply.value().variant();
-    if (scheme.canConvert<QDBusVariant>()) scheme = scheme.value<QDBusVariant>().variant();
-    constexpr uint kPrefersDark = 1;
-    if (scheme.toUInt() == kPrefersDark && !Color::IsDarkMode()) ShowAppearance(true);
-  });
-#endif
-}
 
 void ShowAppearance(bool dark) {
   QApplication::setPalette(dark ? DarkPalette() : QApplication::style()->standardPalette());

@@ -7,9 +7,6 @@ class QWidget;
 
 namespace peakwright {
 
-/// Shows the program in the appearance that the system wants, where the toolkit doesn't by itself.
-void FollowSystemAppearance();
-
 /// Gives the program the dark or the light appearance.
 void ShowAppearance(bool dark);
 

@@ -13,13 +13,13 @@
 #include <QMessageBox>
 #include <QThread>
 
-#include "runtime/appearance.h"
 #include "runtime/caption_text.h"
 #include "runtime/desktop_menu.h"
 #include "runtime/desktop_window.h"
 #include "runtime/guarded_application.h"
 #include "runtime/held_input.h"
 #include "runtime/https_request.h"
+#include "runtime/system_appearance.h"
 #include "runtime/toolkit_messages.h"
 
 namespace peakwright {
