@@ -19,6 +19,7 @@
 #include "runtime/guarded_application.h"
 #include "runtime/held_input.h"
 #include "runtime/https_request.h"
+#include "runtime/outlined_style.h"
 #include "runtime/system_appearance.h"
 #include "runtime/toolkit_messages.h"
 
@@ -91,6 +92,7 @@ DesktopApplication::DesktopApplication(int& argc, char** argv,
   QGuiApplication::setDesktopFileName(ToQString(identity.Program));
   QGuiApplication::setWindowIcon(QIcon::fromTheme(ToQString(identity.Program)));
   FollowSystemAppearance();
+  OutlineControls();
   SilenceAssistiveMessages();
   input_ = std::make_unique<HeldInput>();
 }

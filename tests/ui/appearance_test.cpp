@@ -87,6 +87,44 @@ void CheckControls(const QWidget& content) {
   }
 }
 
+/// In the middle of each side something within two units of the control's edge stands out from the
+/// window, at every scale.
+void CheckOutlines(QWidget& content) {
+  for (const double scale : {1.0, 1.25, 1.5, 1.75, 2.0}) {
+    QImage image((QSizeF(content.size()) * scale).toSize(), QImage::Format_RGB32);
+    image.setDevicePixelRatio(scale);
+    content.render(&image);
+    const QColor ground = content.palette().color(QPalette::Window);
+    for (QWidget* control : content.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+      if (!control->isVisible() || qobject_cast<QLabel*>(control) != nullptr) continue;
+      const auto* field = qobject_cast<QLineEdit*>(control);
+      if (field != nullptr && !field->hasFrame()) continue;
+      QRect box = control->rect();
+      if (qobject_cast<QCheckBox*>(control) != nullptr) {
+        QStyleOptionButton option;
+        option.initFrom(control);
+        box = control->style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, control);
+      }
+      box.translate(control->pos());
+      const QPoint middle = box.center();
+      for (const auto& [edge, inward] : std::initializer_list<std::pair<QPoint, QPoint>>{
+               {{middle.x(), box.top()}, {0, 1}},
+               {{middle.x(), box.bottom() + 1}, {0, -1}},
+               {{box.left(), middle.y()}, {1, 0}},
+               {{box.right() + 1, middle.y()}, {-1, 0}}}) {
+        double contrast = 1;
+        for (int step = -1; step <= 2 * scale; ++step) {
+          const QPoint place = (QPointF(edge) * scale).toPoint() + inward * step;
+          if (!image.valid(place)) continue;
+          contrast = std::max(contrast, Contrast(image.pixelColor(place), ground));
+        }
+        EXPECT_GE(contrast, 3) << control->metaObject()->className() << " at " << control->x()
+                               << ", " << control->y() << ", scale " << scale;
+      }
+    }
+  }
+}
+
 TEST(Appearance, CanBeReadInLightAndDark) {
   for (const bool dark : {false, true}) {
     SCOPED_TRACE(dark ? "dark" : "light");
@@ -106,6 +144,7 @@ TEST(Appearance, CanBeReadInLightAndDark) {
              &program.Main(), &Window1::Instance(), &Window2::Instance(), &Window3::Instance(),
              &WindowDownload::Instance()}) {
       CheckControls(*window->Content());
+      CheckOutlines(*window->Content());
     }
     EXPECT_GE(TextContrast(Menu::Instance().Native()->grab().toImage()), 4.5);
     ShowAppearance(false);
