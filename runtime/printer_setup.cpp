@@ -14,6 +14,7 @@
 #include <QPageSetupDialog>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QRadioButton>
 #include <QSpinBox>
 
 #include "runtime/page_setup.h"
@@ -86,6 +87,15 @@ void AcceptPageLists(QPrintDialog& dialog) {
   });
 }
 
+/// From 6.8 on the toolkit hands a list of pages to the print server only.
+void TakePageList(QPrintDialog& dialog) {
+  const auto* chosen = dialog.findChild<QRadioButton*>(QStringLiteral("pagesRadioButton"));
+  const auto* list = dialog.findChild<QLineEdit*>(QStringLiteral("pagesLineEdit"));
+  if (chosen == nullptr || list == nullptr || !chosen->isChecked()) return;
+  dialog.printer()->setPrintRange(QPrinter::PageRange);
+  dialog.printer()->setPageRanges(QPageRanges::fromString(list->text()));
+}
+
 }  // namespace
 
 PrinterSetup::PrinterSetup()
@@ -126,6 +136,7 @@ std::unique_ptr<Graphics> PrinterSetup::ShowPrinterDialog(int pages) {
   PageSetup chosen = *setup_;
   const PropertiesKeeper keeper(dialog, chosen);
   if (dialog.exec() != QDialog::Accepted) return nullptr;
+  TakePageList(dialog);
   chosen.ApplyTo(*printer_);
   return std::make_unique<Graphics>(printer_);
 }
