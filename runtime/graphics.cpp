@@ -62,6 +62,7 @@ Graphics::Graphics() : painter_(std::make_unique<QPainter>()) {}
 Graphics::Graphics(std::shared_ptr<QPrinter> printer)
     : printer_(std::move(printer)), painter_(std::make_unique<QPainter>()) {
   printer_->setFullPage(true);
+  printer_->setPageMargins({});  // On Windows the toolkit moves the full page by them, too.
 }
 
 Graphics::~Graphics() {

@@ -1,6 +1,7 @@
 #include "runtime/printer_setup.h"
 
 #include <algorithm>
+#include <stdexcept>
 #include <utility>
 
 #include <QComboBox>
@@ -96,6 +97,17 @@ void TakePageList(QPrintDialog& dialog) {
   dialog.printer()->setPageRanges(QPageRanges::fromString(list->text()));
 }
 
+/// The dialogs of Windows know no files, and without a printer they don't even come up.
+void RequirePrinter(const QPrinter& printer) {
+#ifdef Q_OS_WIN
+  if (printer.outputFormat() != QPrinter::NativeFormat) {
+    throw std::runtime_error("There is no printer on this computer to print with.");
+  }
+#else
+  static_cast<void>(printer);
+#endif
+}
+
 }  // namespace
 
 PrinterSetup::PrinterSetup()
@@ -113,6 +125,7 @@ void PrinterSetup::Settings(std::string_view settings) {
 }
 
 bool PrinterSetup::ShowPageSetupDialog() {
+  RequirePrinter(*printer_);
   setup_->ApplyTo(*printer_);
   const auto dialog = [this] {
     const QuietToolkit quiet;

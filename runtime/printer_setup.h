@@ -26,7 +26,8 @@ class PrinterSetup {
   /// Settings that can't be read back count as none.
   void Settings(std::string_view settings);
 
-  bool ShowPageSetupDialog();  ///< False on cancel.
+  /// False on cancel. Throws std::runtime_error if only printers can be chosen and there is none.
+  bool ShowPageSetupDialog();
   /// The job that the user asked for, out of so many pages, or null on cancel. What the user
   /// changes of the page setup there is for this job only.
   std::unique_ptr<Graphics> ShowPrinterDialog(int pages);

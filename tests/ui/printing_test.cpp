@@ -160,7 +160,7 @@ class PrintingOnPrinter : public Printing {
     qputenv("CUPS_SERVER", (folder_.path() + "/socket").toUtf8());
     server_.start(PEAKWRIGHT_PRINT_SERVER, {folder_.path()});
     ASSERT_TRUE(
-        QTest::qWaitFor([] { return QPrinterInfo::availablePrinterNames().size() == 2; }, 20000));
+        QTest::qWaitFor([] { return QPrinterInfo::availablePrinterNames().size() == 3; }, 20000));
   }
 
   void TearDown() override {
