@@ -21,6 +21,17 @@ void ChooseRow(int row) {
   QApplication::processEvents();
 }
 
+/// Opens the popup by a letter, which chooses nothing by itself, and closes it again.
+void TypeLetter(Qt::Key letter, const std::string& row) {
+  auto& box = static_cast<QComboBox&>(*Window1::Instance().PopupMenu1.Native());
+  const int before = box.currentIndex();
+  QTest::keyClick(&box, letter);
+  EXPECT_TRUE(box.view()->isVisible());
+  EXPECT_EQ(box.view()->currentIndex().data().toString().toStdString(), row);
+  EXPECT_EQ(box.currentIndex(), before);
+  QTest::keyClick(box.view(), Qt::Key_Escape);
+}
+
 void DoubleClickRow(int row) {
   auto& list = static_cast<QAbstractItemView&>(*Window3::Instance().ListBox1.Native());
   const QModelIndex cell = list.model()->index(row, 1);
@@ -70,7 +81,9 @@ TEST(ElementEditors, GoThroughTheirStates) {
       {"caption of Br", [&] { Program::Click(counts.Label3(2)); }, "13+* 0 "},
       {"isotopes by the menu", [] { Program::Choose("FileElementdata"); }, "1+ 0 "},
       {"isotopes by the button", [&] { Program::Click(counts.PushButton4); }, "13+* 0 "},
+      {"letter on the popup", [] { TypeLetter(Qt::Key_S, "Si"); }, "13+* 0 "},
       {"popup row of C", [] { ChooseRow(1); }, "123+* 1 0"},
+      {"letter of the row after next", [] { TypeLetter(Qt::Key_N, "N"); }, "123+* 1 0"},
       {"double click on S", [] { DoubleClickRow(10); }, "123+* 11 10"},
       {"close key on the editor", altF4(editor), "123+* 11 10"},
       {"Cancel", [&] { Program::Click(editor.PushButton1); }, "13+* 0 10"},
