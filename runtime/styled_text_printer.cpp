@@ -1,5 +1,7 @@
 #include "runtime/styled_text_printer.h"
 
+#include <algorithm>
+
 #include <QFontInfo>
 #include <QPainter>
 #include <QTextLayout>
@@ -28,7 +30,14 @@ QString ToPrintedForm(std::string_view text) {
   return form;
 }
 
-QFont ToPrintedFont(QFont font) {
+/// Text beyond ASCII needs shaping, which takes twice the time: letters join, marks sit on others.
+bool NeedsShaping(std::string_view text) {
+  return std::any_of(text.begin(), text.end(),
+                     [](char byte) { return static_cast<unsigned char>(byte) >= 0x80; });
+}
+
+QFont ToPrintedFont(QFont font, bool shaped) {
+  if (shaped) font.setStyleStrategy(QFont::PreferOutline);
   font.setPixelSize(QFontInfo(font).pixelSize() * kLayoutUnits);
   font.setHintingPreference(QFont::PreferNoHinting);
   return font;
@@ -53,7 +62,7 @@ class StyledTextPrinter::Flow {
  public:
   Flow(std::string_view text, const QFont& font, int width)
       : text_(ToPrintedForm(text)), width_(width) {
-    layout_.setFont(ToPrintedFont(font));
+    layout_.setFont(ToPrintedFont(font, NeedsShaping(text)));
     layout_.setTextOption(PrintedOption());
     layout_.setCacheEnabled(true);
   }
