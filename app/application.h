@@ -1,21 +1,22 @@
 #pragma once
 
 #include "runtime/desktop_application.h"
+#include "update/update_window.h"
 
 namespace peakwright {
 
 /// Peakwright's application object. It sets the global strings before the first window opens.
 class App : public DesktopApplication {
  public:
-  App(int& argc, char** argv);
-
-  /// Starts the program, runs it until the user quits, and gives its exit status.
-  int Main();
-  /// Brings up the main window, ready for events, without running the event loop.
-  void BringUp();
+  /// The update window opens in `surroundings`, beside the main window.
+  App(int& argc, char** argv, UpdateSurroundings surroundings = {});
 
  protected:
   void Event_Opening() override;
+  void MakeDefaultView() override;
+
+ private:
+  UpdateSurroundings surroundings_;
 };
 
 }  // namespace peakwright

@@ -1,3 +1,3 @@
 #include "app/application.h"
 
-int main(int argc, char** argv) { return peakwright::App(argc, argv).Main(); }
+int main(int argc, char** argv) { return peakwright::App(argc, argv).Run(); }

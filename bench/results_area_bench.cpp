@@ -27,7 +27,7 @@ int argumentCount = 0;
 class Program {
  public:
   Program() {
-    app_.BringUp();
+    app_.Start();
     Paint();
   }
 

@@ -13,15 +13,16 @@
 #include <QMessageBox>
 #include <QThread>
 
-#include "runtime/caption_text.h"
 #include "runtime/desktop_menu.h"
 #include "runtime/desktop_window.h"
-#include "runtime/guarded_application.h"
-#include "runtime/held_input.h"
-#include "runtime/https_request.h"
-#include "runtime/outlined_style.h"
-#include "runtime/system_appearance.h"
-#include "runtime/toolkit_messages.h"
+#include "runtime/toolkit/caption_text.h"
+#include "runtime/toolkit/guarded_application.h"
+#include "runtime/toolkit/held_input.h"
+#include "runtime/toolkit/https_request.h"
+#include "runtime/toolkit/outlined_style.h"
+#include "runtime/toolkit/system_appearance.h"
+#include "runtime/toolkit/toolkit_messages.h"
+#include "runtime/toolkit/toolkit_side.h"
 
 namespace peakwright {
 namespace {
@@ -112,13 +113,13 @@ DesktopApplication& DesktopApplication::Current() {
   return *current;
 }
 
-void DesktopApplication::Start(const std::function<void()>& lateStartup) {
+void DesktopApplication::Start() {
   Raise([this] { Event_Opening(); });
-  Raise(lateStartup);
+  Raise([this] { MakeDefaultView(); });
 }
 
-int DesktopApplication::Run(const std::function<void()>& lateStartup) {
-  Start(lateStartup);
+int DesktopApplication::Run() {
+  Start();
   exitCode_ = QCoreApplication::exec();
   return exitCode_;
 }
@@ -134,21 +135,13 @@ void DesktopApplication::Raise(const std::function<void()>& handler) {
   }
 }
 
-void DesktopApplication::RaiseInTurn(QObject& control, std::function<void()> handler) {
-  if (input_->IsHolding()) {
-    input_->Keep(control, [this, kept = std::move(handler)] { Raise(kept); });
-  } else {
-    Raise(handler);
-  }
-}
-
 void DesktopApplication::UnhandledException(const std::string& what) {
   QString text = QString::fromStdString(what);
   if (exceptions_ == nullptr) {
     exceptions_ =
         std::make_unique<QMessageBox>(QMessageBox::Warning, QApplication::applicationName(),
                                       QStringLiteral("The last command could not be completed."),
-                                      QMessageBox::Ok, DesktopWindow::Document());
+                                      QMessageBox::Ok, ToolkitSide::DocumentWindow());
     exceptions_->setTextFormat(Qt::PlainText);
     exceptions_->setWindowModality(Qt::ApplicationModal);
   } else if (exceptions_->isVisible()) {

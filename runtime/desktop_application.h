@@ -11,7 +11,6 @@
 
 class QApplication;
 class QMessageBox;
-class QObject;
 
 namespace peakwright {
 
@@ -44,10 +43,10 @@ class DesktopApplication {
   /// The running application; there is exactly one while any window exists.
   static DesktopApplication& Current();
 
-  /// Raises Event_Opening, calls `lateStartup`, runs the event loop, and gives the exit code.
-  int Run(const std::function<void()>& lateStartup);
-  /// Raises Event_Opening and calls `lateStartup`, without the event loop.
-  void Start(const std::function<void()>& lateStartup);
+  /// Starts the program, runs it until the user quits, and gives its exit status.
+  int Run();
+  /// Raises Event_Opening and makes the default view, without the event loop.
+  void Start();
   /// Ends the event loop.
   void Quit(int code);
 
@@ -56,18 +55,12 @@ class DesktopApplication {
 
   /// Calls an event handler. What it throws is shown to the user, and the program goes on.
   void Raise(const std::function<void()>& handler);
-  /// Calls the handler of something that the user did to `control`: at once, or in its turn after
-  /// the program has waited, if the control still exists then.
-  void RaiseInTurn(QObject& control, std::function<void()> handler);
-
-  HeldInput& Input() { return *input_; }
-
-  /// The one `Instance`, made and opened at the first call.
-  template <class Instance>
-  Instance& Implicit() {
+  /// The one `Instance`, made of the arguments and opened at the first call.
+  template <class Instance, class... Arguments>
+  Instance& Implicit(const Arguments&... arguments) {
     const std::type_index type = typeid(Instance);
     if (ImplicitInstance* present = Find(type)) return static_cast<Instance&>(*present);
-    auto made = std::make_unique<Instance>();
+    auto made = std::make_unique<Instance>(arguments...);
     Instance& instance = *made;
     instances_.emplace_back(type, std::move(made));
     instance.Open();
@@ -80,12 +73,15 @@ class DesktopApplication {
 
  protected:
   virtual void Event_Opening() {}
+  /// Opens the window that comes up by itself.
+  virtual void MakeDefaultView() {}
   /// Shows the text of an exception that no handler took, and returns at once. A test may listen
   /// in instead.
   virtual void UnhandledException(const std::string& what);
 
  private:
   friend class GuardedApplication;
+  friend struct ToolkitSide;
   class Running;
 
   ImplicitInstance* Find(std::type_index type) const;

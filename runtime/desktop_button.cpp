@@ -2,19 +2,20 @@
 
 #include <QPushButton>
 
-#include "runtime/caption_text.h"
 #include "runtime/desktop_application.h"
 #include "runtime/desktop_window.h"
+#include "runtime/toolkit/caption_text.h"
+#include "runtime/toolkit/toolkit_side.h"
 
 namespace peakwright {
 
 DesktopButton::DesktopButton(DesktopWindow& window, const ControlLayout& layout)
     : DesktopUIControl(window, std::make_unique<QPushButton>(), layout) {
-  auto& button = static_cast<QPushButton&>(*Native());
+  auto& button = Native<QPushButton>();
   button.setFocusPolicy(Qt::TabFocus);
   Caption(layout.Text);
   QObject::connect(&button, &QPushButton::clicked,
-                   [this] { DesktopApplication::Current().RaiseInTurn(*Native(), Pressed); });
+                   [this] { ToolkitSide::RaiseInTurn(Native<QWidget>(), Pressed); });
   if (layout.Default) {
     button.setDefault(true);
     window.DefaultButton(button);
@@ -22,14 +23,12 @@ DesktopButton::DesktopButton(DesktopWindow& window, const ControlLayout& layout)
   if (layout.Cancel) window.CancelButton(button);
 }
 
-std::string DesktopButton::Caption() const {
-  return FromCaption(static_cast<QPushButton&>(*Native()).text());
-}
+std::string DesktopButton::Caption() const { return FromCaption(Native<QPushButton>().text()); }
 
 void DesktopButton::Caption(std::string_view caption) {
-  static_cast<QPushButton&>(*Native()).setText(ToCaption(caption));
+  Native<QPushButton>().setText(ToCaption(caption));
 }
 
-void DesktopButton::Press() { static_cast<QPushButton&>(*Native()).click(); }
+void DesktopButton::Press() { Native<QPushButton>().click(); }
 
 }  // namespace peakwright

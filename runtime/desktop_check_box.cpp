@@ -2,18 +2,19 @@
 
 #include <QCheckBox>
 
-#include "runtime/caption_text.h"
 #include "runtime/desktop_application.h"
-#include "runtime/held_input.h"
+#include "runtime/toolkit/caption_text.h"
+#include "runtime/toolkit/held_input.h"
+#include "runtime/toolkit/toolkit_side.h"
 
 namespace peakwright {
 
 DesktopCheckBox::DesktopCheckBox(DesktopWindow& window, const ControlLayout& layout)
     : DesktopUIControl(window, std::make_unique<QCheckBox>(ToCaption(layout.Text)), layout) {
-  auto& box = static_cast<QCheckBox&>(*Native());
+  auto& box = Native<QCheckBox>();
   box.setFocusPolicy(Qt::TabFocus);
   QObject::connect(&box, &QCheckBox::toggled, [this, &box](bool value) {
-    HeldInput& input = DesktopApplication::Current().Input();
+    HeldInput& input = ToolkitSide::Input();
     if (!input.IsHolding()) {
       DesktopApplication::Current().Raise(ValueChanged);
       return;
@@ -25,8 +26,8 @@ DesktopCheckBox::DesktopCheckBox(DesktopWindow& window, const ControlLayout& lay
   });
 }
 
-bool DesktopCheckBox::Value() const { return static_cast<QCheckBox&>(*Native()).isChecked(); }
+bool DesktopCheckBox::Value() const { return Native<QCheckBox>().isChecked(); }
 
-void DesktopCheckBox::Value(bool value) { static_cast<QCheckBox&>(*Native()).setChecked(value); }
+void DesktopCheckBox::Value(bool value) { Native<QCheckBox>().setChecked(value); }
 
 }  // namespace peakwright

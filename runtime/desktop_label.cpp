@@ -6,9 +6,11 @@
 #include <QLabel>
 #include <QMouseEvent>
 
-#include "runtime/appearance.h"
-#include "runtime/caption_text.h"
 #include "runtime/desktop_application.h"
+#include "runtime/toolkit/appearance.h"
+#include "runtime/toolkit/caption_text.h"
+#include "runtime/toolkit/system_font.h"
+#include "runtime/toolkit/toolkit_side.h"
 
 namespace peakwright {
 namespace {
@@ -97,7 +99,7 @@ DesktopLabel::DesktopLabel(DesktopWindow& window, const ControlLayout& layout)
       multiline_(layout.Multiline),
       bold_(layout.Bold),
       fontSize_(layout.FontSize) {
-  auto& label = static_cast<QLabel&>(*Native());
+  auto& label = Native<QLabel>();
   label.setWordWrap(multiline_);
   label.setAlignment(
       (layout.Alignment == TextAlignment::Center ? Qt::AlignHCenter : Qt::AlignLeft) |
@@ -110,7 +112,7 @@ void DesktopLabel::Text(std::string_view text, TextRange quoted) {
   QString shown = Harmless(text.substr(0, quoted.From));
   const QString end = Harmless(text.substr(quoted.From + quoted.Length));
   const QString quotation = Harmless(text.substr(quoted.From, quoted.Length));
-  auto& label = static_cast<QLabel&>(*Native());
+  auto& label = Native<QLabel>();
   shown += FittingPart(label, shown, quotation, end) + end;
   if (!multiline_) shown.replace(u'\n', u' ');
   // As a caption the toolkit would take an ampersand for a mnemonic.
@@ -122,7 +124,7 @@ void DesktopLabel::Text(std::string_view text, TextRange quoted) {
 }
 
 void DesktopLabel::Names(DesktopUIControl& control) {
-  static_cast<QLabel&>(*Native()).setBuddy(control.Native());
+  Native<QLabel>().setBuddy(ToolkitSide::Of(control));
   named_.push_back(&control);
   Text(std::string(text_));
 }

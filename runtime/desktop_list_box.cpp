@@ -5,8 +5,9 @@
 #include <QKeyEvent>
 #include <QTableView>
 
-#include "runtime/caption_text.h"
 #include "runtime/desktop_application.h"
+#include "runtime/toolkit/caption_text.h"
+#include "runtime/toolkit/toolkit_side.h"
 
 namespace peakwright {
 
@@ -80,8 +81,6 @@ class NativeList : public QTableView {
   const DesktopListBox& owner_;
 };
 
-QTableView& List(const DesktopListBox& box) { return static_cast<QTableView&>(*box.Native()); }
-
 }  // namespace
 
 DesktopListBox::DesktopListBox(DesktopWindow& window, const ControlLayout& layout,
@@ -89,15 +88,15 @@ DesktopListBox::DesktopListBox(DesktopWindow& window, const ControlLayout& layou
     : DesktopUIControl(window, std::make_unique<NativeList>(*this), layout),
       cells_(cells),
       model_(std::make_unique<Model>(cells)) {
-  QTableView& list = List(*this);
+  auto& list = Native<QTableView>();
   list.setModel(model_.get());
   list.horizontalHeader()->setFont(list.font());
   list.verticalHeader()->setDefaultSectionSize(list.fontMetrics().height() + 2);
   QObject::connect(&list, &QTableView::doubleClicked,
-                   [this] { DesktopApplication::Current().RaiseInTurn(*Native(), DoublePressed); });
+                   [this] { ToolkitSide::RaiseInTurn(Native<QWidget>(), DoublePressed); });
 }
 
-DesktopListBox::~DesktopListBox() { List(*this).setModel(nullptr); }
+DesktopListBox::~DesktopListBox() { Native<QTableView>().setModel(nullptr); }
 
 void DesktopListBox::CellTextAt(int row, int column, std::string_view text) {
   cells_.CellTextAt(row, column, text);
@@ -105,16 +104,16 @@ void DesktopListBox::CellTextAt(int row, int column, std::string_view text) {
 }
 
 int DesktopListBox::SelectedRowIndex() const {
-  const QModelIndexList rows = List(*this).selectionModel()->selectedRows();
+  const QModelIndexList rows = Native<QTableView>().selectionModel()->selectedRows();
   return rows.isEmpty() ? -1 : rows.first().row();
 }
 
 void DesktopListBox::SelectedRowIndex(int row) {
   if (row < 0) {
-    List(*this).clearSelection();
-    List(*this).setCurrentIndex({});
+    Native<QTableView>().clearSelection();
+    Native<QTableView>().setCurrentIndex({});
   } else {
-    List(*this).selectRow(row);
+    Native<QTableView>().selectRow(row);
   }
 }
 

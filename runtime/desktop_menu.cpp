@@ -9,9 +9,10 @@
 #include <QMenu>
 #include <QMenuBar>
 
-#include "runtime/caption_text.h"
-#include "runtime/edit_commands.h"
-#include "runtime/menu_keys.h"
+#include "runtime/toolkit/caption_text.h"
+#include "runtime/toolkit/edit_commands.h"
+#include "runtime/toolkit/menu_keys.h"
+#include "runtime/toolkit/toolkit_side.h"
 
 namespace peakwright {
 namespace {
@@ -46,7 +47,7 @@ DesktopMenuItem::DesktopMenuItem() : action_(std::make_unique<QAction>()) {
     if (action_->menuRole() == QAction::QuitRole) {
       DesktopApplication::Current().Raise(handle);
     } else {
-      DesktopApplication::Current().RaiseInTurn(*action_, handle);
+      ToolkitSide::RaiseInTurn(*action_, handle);
     }
   });
 }
@@ -90,9 +91,9 @@ void DesktopMenuItem::HasCheckMark(bool marked) {
 }
 
 void DesktopMenuItem::AddMenu(std::unique_ptr<DesktopMenuItem> item) {
-  NativeMenu().addAction(item->Native());
-  QObject::connect(&NativeMenu(), &QMenu::aboutToShow, item->Native(), [added = item.get()] {
-    if (added->canAct_) added->Native()->setEnabled(added->canAct_());
+  NativeMenu().addAction(item->action_.get());
+  QObject::connect(&NativeMenu(), &QMenu::aboutToShow, item->action_.get(), [added = item.get()] {
+    if (added->canAct_) added->action_->setEnabled(added->canAct_());
   });
   children_.push_back(std::move(item));
 }
@@ -139,12 +140,12 @@ void DesktopMenuItem::NativeTitle() {
   menu_->setAccessibleName(QString(action_->text()).remove(u'&'));
 }
 
-DesktopQuitMenuItem::DesktopQuitMenuItem() { Native()->setMenuRole(QAction::QuitRole); }
+DesktopQuitMenuItem::DesktopQuitMenuItem() { action_->setMenuRole(QAction::QuitRole); }
 
 DesktopMenuBar::DesktopMenuBar()
     : bar_(std::make_unique<QMenuBar>()), keys_(std::make_unique<MenuKeys>(*this)) {
   QCoreApplication::instance()->installEventFilter(keys_.get());
-  bar_->setAccessibleName(QMenuBar::tr("Menu bar"));
+  bar_->setAccessibleName(QStringLiteral("Menu bar"));
 }
 DesktopMenuBar::~DesktopMenuBar() = default;
 

@@ -42,14 +42,16 @@ class DesktopMenuItem {
   DesktopMenuItem* Lookup(std::string_view name) const;  ///< Any item below, or null.
 
   void Handler(std::function<bool()> action);
-  /// Whether these keys stand for this item or one below, other than a platform's edit command.
-  bool HasCommand(const QKeySequence& keys) const;
-
-  QAction* Native() const { return action_.get(); }
-  /// The toolkit's menu of a title; made at the first call.
-  QMenu& NativeMenu();
 
  private:
+  friend class DesktopMenuBar;
+  friend class DesktopQuitMenuItem;
+  friend struct ToolkitSide;
+
+  /// Whether these keys stand for this item or one below, other than a platform's edit command.
+  bool HasCommand(const QKeySequence& keys) const;
+  /// The toolkit's menu of a title; made at the first call.
+  QMenu& NativeMenu();
   /// Makes this one of the platform's own commands, enabled as the menu opens if it can act.
   void StandardCommand(std::function<bool()> canAct, std::function<void()> act);
 
@@ -83,12 +85,13 @@ class DesktopMenuBar : public ImplicitInstance {
   DesktopMenuItem* Child(std::string_view name) const;   ///< A menu title, or null.
   DesktopMenuItem* Lookup(std::string_view name) const;  ///< Any item of the bar, or null.
 
+ private:
+  friend class MenuKeys;
+  friend struct ToolkitSide;
+
   /// Whether these keys stand for an item, other than a platform's edit command.
   bool HasCommand(const QKeySequence& keys) const;
 
-  QMenuBar* Native() const { return bar_.get(); }
-
- private:
   std::vector<std::unique_ptr<DesktopMenuItem>> titles_;
   std::unique_ptr<QMenuBar> bar_;
   std::unique_ptr<MenuKeys> keys_;

@@ -5,8 +5,9 @@
 #include <QKeyEvent>
 #include <QWheelEvent>
 
-#include "runtime/caption_text.h"
 #include "runtime/desktop_application.h"
+#include "runtime/toolkit/caption_text.h"
+#include "runtime/toolkit/toolkit_side.h"
 
 namespace peakwright {
 namespace {
@@ -55,8 +56,6 @@ void SetText(QComboBox& box, int row, std::string_view text) {
   box.setItemData(row, whole, Qt::UserRole);
 }
 
-QComboBox& Box(const DesktopPopupMenu& menu) { return static_cast<QComboBox&>(*menu.Native()); }
-
 }  // namespace
 
 DesktopPopupMenu::DesktopPopupMenu(DesktopWindow& window, const ControlLayout& layout)
@@ -64,29 +63,28 @@ DesktopPopupMenu::DesktopPopupMenu(DesktopWindow& window, const ControlLayout& l
   AddRow(layout.Text);
   SelectedRowIndex(0);
   AccessibleName(layout.Text);
-  Box(*this).view()->setAccessibleName(Box(*this).accessibleName());
-  QObject::connect(&Box(*this), &QComboBox::activated, [this] {
-    DesktopApplication::Current().RaiseInTurn(*Native(), SelectionChanged);
-  });
+  Native<QComboBox>().view()->setAccessibleName(Native<QComboBox>().accessibleName());
+  QObject::connect(&Native<QComboBox>(), &QComboBox::activated,
+                   [this] { ToolkitSide::RaiseInTurn(Native<QWidget>(), SelectionChanged); });
 }
 
-int DesktopPopupMenu::RowCount() const { return Box(*this).count(); }
+int DesktopPopupMenu::RowCount() const { return Native<QComboBox>().count(); }
 
 std::string DesktopPopupMenu::RowTextAt(int row) const {
-  return Box(*this).itemData(row, Qt::UserRole).toString().toStdString();
+  return Native<QComboBox>().itemData(row, Qt::UserRole).toString().toStdString();
 }
 
 void DesktopPopupMenu::AddRow(std::string_view text) { AddRowAt(RowCount(), text); }
 
 void DesktopPopupMenu::AddRowAt(int row, std::string_view text) {
-  Box(*this).insertItem(row, QString());
-  SetText(Box(*this), row, text);
+  Native<QComboBox>().insertItem(row, QString());
+  SetText(Native<QComboBox>(), row, text);
 }
 
-void DesktopPopupMenu::RemoveRowAt(int row) { Box(*this).removeItem(row); }
+void DesktopPopupMenu::RemoveRowAt(int row) { Native<QComboBox>().removeItem(row); }
 
-int DesktopPopupMenu::SelectedRowIndex() const { return Box(*this).currentIndex(); }
+int DesktopPopupMenu::SelectedRowIndex() const { return Native<QComboBox>().currentIndex(); }
 
-void DesktopPopupMenu::SelectedRowIndex(int row) { Box(*this).setCurrentIndex(row); }
+void DesktopPopupMenu::SelectedRowIndex(int row) { Native<QComboBox>().setCurrentIndex(row); }
 
 }  // namespace peakwright

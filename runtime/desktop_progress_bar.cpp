@@ -15,7 +15,7 @@ constexpr int kFull = 10000;
 
 DesktopProgressBar::DesktopProgressBar(DesktopWindow& window, const ControlLayout& layout)
     : DesktopUIControl(window, std::make_unique<QProgressBar>(), layout) {
-  static_cast<QProgressBar&>(*Native()).setTextVisible(false);
+  Native<QProgressBar>().setTextVisible(false);
   Update();
 }
 
@@ -30,7 +30,7 @@ void DesktopProgressBar::MaximumValue(std::int64_t maximum) {
 }
 
 void DesktopProgressBar::Update() {
-  auto& bar = static_cast<QProgressBar&>(*Native());
+  auto& bar = Native<QProgressBar>();
   if (maximum_ < 1) {
     bar.setRange(0, 0);
     return;

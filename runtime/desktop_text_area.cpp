@@ -6,17 +6,13 @@
 #include <QFont>
 #include <QScrollBar>
 
-#include "runtime/appearance.h"
-#include "runtime/caption_text.h"
-#include "runtime/monospaced_face.h"
-#include "runtime/text_area_view.h"
+#include "runtime/toolkit/appearance.h"
+#include "runtime/toolkit/caption_text.h"
+#include "runtime/toolkit/monospaced_face.h"
+#include "runtime/toolkit/text_area_view.h"
 
 namespace peakwright {
 namespace {
-
-TextAreaView& View(const DesktopTextArea& area) {
-  return static_cast<TextAreaView&>(*area.Native());
-}
 
 int ToLine(std::int64_t line) {
   return static_cast<int>(std::clamp<std::int64_t>(line, 0, std::numeric_limits<int>::max()));
@@ -25,50 +21,51 @@ int ToLine(std::int64_t line) {
 }  // namespace
 
 DesktopTextArea::DesktopTextArea(DesktopWindow& window, const ControlLayout& layout)
-    : DesktopUIControl(window, std::make_unique<TextAreaView>(), layout) {
-  FixFieldColors(View(*this), layout.TextColor, layout.BackgroundColor);
-  HideSelectionWithoutFocus(View(*this));
+    : DesktopTextControl(window, std::make_unique<TextAreaView>(), layout) {
+  HideSelectionWithoutFocus(Native<TextAreaView>());
 }
 
-std::string DesktopTextArea::Text() const { return View(*this).Text(); }
-void DesktopTextArea::Text(std::string_view text) { View(*this).ReplaceText(text); }
-std::int64_t DesktopTextArea::TextLength() const { return View(*this).TextLength(); }
-void DesktopTextArea::SelectedText(std::string_view text) { View(*this).InsertText(text); }
+std::string DesktopTextArea::Text() const { return Native<TextAreaView>().Text(); }
+void DesktopTextArea::Text(std::string_view text) { Native<TextAreaView>().ReplaceText(text); }
+std::int64_t DesktopTextArea::TextLength() const { return Native<TextAreaView>().TextLength(); }
+void DesktopTextArea::SelectedText(std::string_view text) {
+  Native<TextAreaView>().InsertText(text);
+}
 void DesktopTextArea::SelectedText(std::size_t length, const TextPieces& pieces) {
-  View(*this).InsertText(length, pieces);
+  Native<TextAreaView>().InsertText(length, pieces);
 }
 
 std::int64_t DesktopTextArea::LineNumber(std::int64_t position) const {
-  return View(*this).LineNumber(
+  return Native<TextAreaView>().LineNumber(
       static_cast<int>(std::clamp<std::int64_t>(position, 0, TextLength())));
 }
 
 std::int64_t DesktopTextArea::VerticalScrollPosition() const {
-  return View(*this).verticalScrollBar()->value();
+  return Native<TextAreaView>().verticalScrollBar()->value();
 }
 
 void DesktopTextArea::VerticalScrollPosition(std::int64_t line) {
-  View(*this).verticalScrollBar()->setValue(ToLine(line));
+  Native<TextAreaView>().verticalScrollBar()->setValue(ToLine(line));
 }
 
 void DesktopTextArea::FontName(std::string_view name) {
-  QFont font = View(*this).font();
+  QFont font = Native<TextAreaView>().font();
   font.setFamily(MonospacedFamily(ToQString(name)));
   // A listing has nothing to shape, and is laid out more than twice as fast without.
   font.setStyleHint(QFont::Monospace,
                     QFont::StyleStrategy(QFont::PreferOutline | QFont::PreferNoShaping));
   font.setFixedPitch(true);
-  View(*this).setFont(font);
+  Native<TextAreaView>().setFont(font);
 }
 
 void DesktopTextArea::FontSize(int pixels) {
-  QFont font = View(*this).font();
+  QFont font = Native<TextAreaView>().font();
   font.setPixelSize(pixels);
-  View(*this).setFont(font);
+  Native<TextAreaView>().setFont(font);
 }
 
 StyledTextPrinter DesktopTextArea::StyledTextPrinter(Graphics& graphics, int width) const {
-  return {graphics, Text(), View(*this).font(), width};
+  return {graphics, Text(), Native<TextAreaView>().font(), width};
 }
 
 }  // namespace peakwright

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "runtime/desktop_ui_control.h"
+#include "runtime/desktop_text_control.h"
 #include "runtime/styled_text_printer.h"
 #include "runtime/text_pieces.h"
 
@@ -13,7 +13,7 @@ namespace peakwright {
 
 /// An editable area of plain text in one font. Chr(13) and Chr(10) both end a line, and stay what
 /// they are. Lines are displayed lines, counted from 0; a wrapped paragraph has several.
-class DesktopTextArea : public DesktopUIControl {
+class DesktopTextArea : public DesktopTextControl {
  public:
   DesktopTextArea(DesktopWindow& window, const ControlLayout& layout);
 

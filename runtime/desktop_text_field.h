@@ -3,12 +3,12 @@
 #include <string>
 #include <string_view>
 
-#include "runtime/desktop_ui_control.h"
+#include "runtime/desktop_text_control.h"
 
 namespace peakwright {
 
 /// A field of one line, which takes any text of any length.
-class DesktopTextField : public DesktopUIControl {
+class DesktopTextField : public DesktopTextControl {
  public:
   DesktopTextField(DesktopWindow& window, const ControlLayout& layout);
 

@@ -4,19 +4,13 @@
 #include <utility>
 
 #include <QFont>
-#include <QFontDatabase>
-#include <QFontInfo>
 #include <QWidget>
 
-#include "runtime/caption_text.h"
 #include "runtime/desktop_window.h"
+#include "runtime/toolkit/caption_text.h"
+#include "runtime/toolkit/system_font.h"
 
 namespace peakwright {
-namespace {
-
-constexpr int kLargestSystemFont = 13;  // Pixels; the fixed layouts hold no larger text.
-
-}  // namespace
 
 DesktopUIControl::DesktopUIControl(DesktopWindow& window, std::unique_ptr<QWidget> widget,
                                    const ControlLayout& layout)
@@ -52,14 +46,6 @@ void DesktopUIControl::AccessibleName(std::string_view name) {
 
 void DesktopUIControl::AccessibleDescription(std::string_view description) {
   widget_->setAccessibleDescription(ToQString(description));
-}
-
-QFont SystemFont(int size, bool bold) {
-  QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
-  if (size == 0) size = std::min(QFontInfo(font).pixelSize(), kLargestSystemFont);
-  font.setPixelSize(size);
-  font.setBold(bold);
-  return font;
 }
 
 }  // namespace peakwright

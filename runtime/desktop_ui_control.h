@@ -5,7 +5,6 @@
 
 #include "runtime/layout.h"
 
-class QFont;
 class QWidget;
 
 namespace peakwright {
@@ -34,19 +33,21 @@ class DesktopUIControl {
   /// What assistive tools tell beside the name.
   void AccessibleDescription(std::string_view description);
 
-  /// The toolkit's object behind the control.
-  QWidget* Native() const { return widget_.get(); }
-
  protected:
   /// Puts `widget` into `window` as `layout` says.
   DesktopUIControl(DesktopWindow& window, std::unique_ptr<QWidget> widget,
                    const ControlLayout& layout);
 
+  /// The toolkit's control, which is of the kind that the constructor was given.
+  template <class Widget>
+  Widget& Native() const {
+    return static_cast<Widget&>(*widget_);
+  }
+
  private:
+  friend struct ToolkitSide;
+
   std::unique_ptr<QWidget> widget_;
 };
-
-/// The interface font at `size` pixels; size 0 stands for the system's size, as far as it fits.
-QFont SystemFont(int size, bool bold);
 
 }  // namespace peakwright

@@ -14,10 +14,11 @@
 #include <QMouseEvent>
 #include <QScreen>
 
-#include "runtime/announcement.h"
-#include "runtime/caption_text.h"
 #include "runtime/desktop_menu.h"
-#include "runtime/held_input.h"
+#include "runtime/toolkit/announcement.h"
+#include "runtime/toolkit/caption_text.h"
+#include "runtime/toolkit/held_input.h"
+#include "runtime/toolkit/toolkit_side.h"
 
 namespace peakwright {
 namespace {
@@ -52,9 +53,9 @@ class DesktopWindow::NativeWindow : public QMainWindow {
   /// Gives the content the size of the layout, with the menu bar above it.
   void FitContent() {
     int above = 0;
-    if (owner_.menuBar_ != nullptr && !owner_.menuBar_->Native()->isNativeMenuBar()) {
-      owner_.menuBar_->Native()->ensurePolished();
-      above = owner_.menuBar_->Native()->heightForWidth(contentSize_.width());
+    if (owner_.menuBar_ != nullptr && !ToolkitSide::Of(*owner_.menuBar_)->isNativeMenuBar()) {
+      ToolkitSide::Of(*owner_.menuBar_)->ensurePolished();
+      above = ToolkitSide::Of(*owner_.menuBar_)->heightForWidth(contentSize_.width());
     }
     const QSize whole(contentSize_.width(), contentSize_.height() + above);
     if (resizeable_) {
@@ -169,7 +170,7 @@ DesktopWindow::DesktopWindow(const WindowLayout& layout)
 
 DesktopWindow::~DesktopWindow() {
   // The menu bar belongs to the application, not to the window that shows it.
-  if (menuBar_ != nullptr) menuBar_->Native()->setParent(nullptr);
+  if (menuBar_ != nullptr) ToolkitSide::Of(*menuBar_)->setParent(nullptr);
 }
 
 int DesktopWindow::Left() const { return native_->x(); }
@@ -188,7 +189,7 @@ void DesktopWindow::Open() {
 }
 
 void DesktopWindow::Show() {
-  HeldInput& input = DesktopApplication::Current().Input();
+  HeldInput& input = ToolkitSide::Input();
   if (input.IsHolding()) {
     input.Keep(*native_, [this] { Show(); });
     return;
@@ -214,7 +215,7 @@ void DesktopWindow::Announce(std::string_view text) { peakwright::Announce(*nati
 
 void DesktopWindow::MenuBar(DesktopMenuBar& bar) {
   menuBar_ = &bar;
-  native_->setMenuBar(bar.Native());
+  native_->setMenuBar(ToolkitSide::Of(bar));
 }
 
 void DesktopWindow::AddMenuHandler(std::string_view name, std::function<bool()> action) {

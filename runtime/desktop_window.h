@@ -45,15 +45,6 @@ class DesktopWindow : public ImplicitInstance {
 
   void Open() final;
 
-  /// The toolkit's window that floating windows and boxes stay above, or null before it is made.
-  static QWidget* Document();
-  QWidget* Native() const;   ///< The toolkit's window.
-  QWidget* Content() const;  ///< The toolkit's parent of the controls.
-  void AddToTabOrder(QWidget& widget, int tabIndex);
-  /// The buttons that Return and Escape press.
-  void DefaultButton(QWidget& button);
-  void CancelButton(QWidget& button);
-
  protected:
   explicit DesktopWindow(const WindowLayout& layout);
 
@@ -62,7 +53,19 @@ class DesktopWindow : public ImplicitInstance {
   virtual void Event_Resized() {}
 
  private:
+  friend class DesktopButton;
+  friend class DesktopUIControl;
+  friend struct ToolkitSide;
   class NativeWindow;
+
+  static QWidget* Document();
+  QWidget* Native() const;
+  QWidget* Content() const;
+  void AddToTabOrder(QWidget& widget, int tabIndex);
+  /// The buttons that Return and Escape press.
+  void DefaultButton(QWidget& button);
+  void CancelButton(QWidget& button);
+
   std::unique_ptr<NativeWindow> native_;
   DesktopMenuBar* menuBar_ = nullptr;
   bool visibleAtOpening_;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -20,10 +19,6 @@ class FolderItem {
   /// Has the system open the file with its default application, in front if `activate`, as far as
   /// the system leaves that to its callers. A file without an application stays unopened.
   void Open(bool activate) const;
-
-  using Opener = std::function<void(const FolderItem& file, bool activate)>;
-  /// Puts `opener` in the place of the system; an empty one gives the system its place back.
-  static void OpenWith(Opener opener);
 
  private:
   std::string nativePath_;

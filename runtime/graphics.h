@@ -16,7 +16,6 @@ class Graphics {
  public:
   /// Draws nowhere: for counting pages.
   Graphics();
-  explicit Graphics(std::shared_ptr<QPrinter> printer);
   Graphics(const Graphics&) = delete;
   Graphics& operator=(const Graphics&) = delete;
   /// Tells the user if the job did not reach its file or its printer whole, or if it has pages, but
@@ -28,11 +27,15 @@ class Graphics {
   /// The number of the current page, from 1.
   int Page() const { return page_; }
 
+ private:
+  friend class PrinterSetup;
+  friend class StyledTextPrinter;
+
+  explicit Graphics(std::shared_ptr<QPrinter> printer);
+
   /// The painter of the current page, or null if the user left this page out of the job. Throws
   /// std::runtime_error if the printer or the file can't be written to.
   QPainter* Painter();
-
- private:
   bool IsWanted() const;
   void BeginPage();
   bool EndPainting();

@@ -18,7 +18,7 @@
 #include <QRadioButton>
 #include <QSpinBox>
 
-#include "runtime/page_setup.h"
+#include "runtime/toolkit/page_setup.h"
 
 namespace peakwright {
 namespace {
@@ -151,7 +151,7 @@ std::unique_ptr<Graphics> PrinterSetup::ShowPrinterDialog(int pages) {
   if (dialog.exec() != QDialog::Accepted) return nullptr;
   TakePageList(dialog);
   chosen.ApplyTo(*printer_);
-  return std::make_unique<Graphics>(printer_);
+  return std::unique_ptr<Graphics>(new Graphics(printer_));
 }
 
 }  // namespace peakwright

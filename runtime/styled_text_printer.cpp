@@ -7,8 +7,8 @@
 #include <QTextLayout>
 #include <QTextOption>
 
-#include "runtime/caption_text.h"
 #include "runtime/graphics.h"
+#include "runtime/toolkit/caption_text.h"
 
 namespace peakwright {
 namespace {

@@ -14,9 +14,6 @@ class Graphics;
 /// that it takes no page of its own.
 class StyledTextPrinter {
  public:
-  /// Draws `text` in the face of `font`, a pixel of which counts as 1/72 inch, into blocks of
-  /// `width`, likewise in 1/72 inch. `graphics` must outlive this object.
-  StyledTextPrinter(Graphics& graphics, std::string_view text, const QFont& font, int width);
   StyledTextPrinter(const StyledTextPrinter&) = delete;
   StyledTextPrinter& operator=(const StyledTextPrinter&) = delete;
   ~StyledTextPrinter();
@@ -27,7 +24,13 @@ class StyledTextPrinter {
   bool Eof() const;
 
  private:
+  friend class DesktopTextArea;
   class Flow;
+
+  /// Draws `text` in the face of `font`, a pixel of which counts as one unit of `graphics`, into
+  /// blocks of `width` units. `graphics` must outlive this object.
+  StyledTextPrinter(Graphics& graphics, std::string_view text, const QFont& font, int width);
+
   Graphics& graphics_;
   std::unique_ptr<Flow> flow_;
 };

@@ -5,11 +5,11 @@
 #include <QSaveFile>
 #include <QTimer>
 
-#include "runtime/caption_text.h"
 #include "runtime/desktop_application.h"
-#include "runtime/held_input.h"
-#include "runtime/https_request.h"
-#include "runtime/origin_mark.h"
+#include "runtime/toolkit/caption_text.h"
+#include "runtime/toolkit/held_input.h"
+#include "runtime/toolkit/https_request.h"
+#include "runtime/toolkit/origin_mark.h"
 
 namespace peakwright {
 namespace {

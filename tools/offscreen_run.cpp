@@ -12,6 +12,7 @@
 #include <QWidget>
 
 #include "app/application.h"
+#include "runtime/toolkit/toolkit_side.h"
 #include "ui/text_window.h"
 
 int main(int argc, char** argv) {
@@ -21,7 +22,7 @@ int main(int argc, char** argv) {
   }
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   peakwright::App app(argc, argv);
-  app.BringUp();
+  app.Start();
 
   auto& window = peakwright::TextWindow::Instance();
   window.PushButton2.Press();
@@ -31,5 +32,5 @@ int main(int argc, char** argv) {
   std::string results = window.textfield2.Text();
   std::replace(results.begin(), results.end(), '\r', '\n');
   std::cout << results;
-  return window.Native()->grab().save(argv[1]) ? EXIT_SUCCESS : EXIT_FAILURE;
+  return peakwright::ToolkitSide::Of(window)->grab().save(argv[1]) ? EXIT_SUCCESS : EXIT_FAILURE;
 }

@@ -11,7 +11,8 @@
 #include <QWidget>
 
 #include "app/application.h"
-#include "runtime/appearance.h"
+#include "runtime/toolkit/appearance.h"
+#include "runtime/toolkit/toolkit_side.h"
 #include "ui/additional_elements_window.h"
 #include "ui/edit_element_window.h"
 #include "ui/isotopes_window.h"
@@ -22,7 +23,7 @@ namespace {
 
 bool Save(const peakwright::DesktopWindow& window, const std::string& file) {
   QApplication::processEvents();
-  return window.Native()->grab().save(QString::fromStdString(file));
+  return peakwright::ToolkitSide::Of(window)->grab().save(QString::fromStdString(file));
 }
 
 }  // namespace
@@ -38,7 +39,7 @@ int main(int argc, char** argv) {
   const std::string directory = std::string(argv[1]) + "/";
   App app(argc, argv);
   ShowAppearance(dark);
-  app.BringUp();
+  app.Start();
 
   TextWindow& main = TextWindow::Instance();
   main.textfield1.Text("58");

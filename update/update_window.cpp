@@ -5,7 +5,6 @@
 
 #include "engine/global_strings.h"
 #include "runtime/color.h"
-#include "runtime/network.h"
 #include "update/update_window_layout.h"
 
 namespace peakwright {
@@ -18,11 +17,9 @@ constexpr auto kCheckTimeout = 30s;     // In all.
 constexpr auto kDownloadTimeout = 60s;  // Without any byte.
 constexpr int kStepRight = 10;          // From the anchor's left edge, pixels.
 
-std::function<int()> anchorLeft;
-
 }  // namespace
 
-WindowDownload::WindowDownload()
+WindowDownload::WindowDownload(UpdateSurroundings surroundings)
     : DesktopWindow(kWindow),
       ProgressBar1(*this, kProgress),
       StaticText2(*this, kDownloading),
@@ -31,7 +28,8 @@ WindowDownload::WindowDownload()
       PushButton2(*this, kDownload),
       StaticText3(*this, kName),
       EditField1(*this, kLocation),
-      Label1(*this, kCredit) {
+      Label1(*this, kCredit),
+      surroundings_(std::move(surroundings)) {
   Checker.AllowCertificateValidation(false);
   FileDownloader.AllowCertificateValidation(false);
 
@@ -50,14 +48,14 @@ WindowDownload::WindowDownload()
   };
 }
 
-WindowDownload& WindowDownload::Instance() {
-  return DesktopApplication::Current().Implicit<WindowDownload>();
+WindowDownload& WindowDownload::Instance(const UpdateSurroundings& surroundings) {
+  return DesktopApplication::Current().Implicit<WindowDownload>(surroundings);
 }
 
 void WindowDownload::Event_Opening() {
   EditField1.Text(Module1::websource);
-  if (anchorLeft) Left(anchorLeft() + kStepRight);
-  if (!Network::IsConnected()) {
+  if (surroundings_.AnchorLeft) Left(surroundings_.AnchorLeft() + kStepRight);
+  if (!surroundings_.IsConnected()) {
     ShowResult(std::nullopt);
     return;
   }
@@ -94,7 +92,7 @@ void WindowDownload::FileDownloader_ReceivingProgressed(std::int64_t received, s
 }
 
 void WindowDownload::FileDownloader_FileReceived(const FolderItem& file) {
-  file.Open(true);
+  surroundings_.Open(file);
   Close();
 }
 
@@ -112,7 +110,5 @@ void WindowDownload::ShowDownload(bool visible) {
   ProgressBar1.Visible(visible);
   StaticText2.Visible(visible);
 }
-
-void AnchorUpdateWindow(std::function<int()> left) { anchorLeft = std::move(left); }
 
 }  // namespace peakwright

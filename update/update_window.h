@@ -10,19 +10,29 @@
 #include "runtime/desktop_progress_bar.h"
 #include "runtime/desktop_text_field.h"
 #include "runtime/desktop_window.h"
+#include "runtime/folder_item.h"
+#include "runtime/network.h"
 #include "runtime/url_connection.h"
 #include "update/version_reply.h"
 
 namespace peakwright {
 
+/// What the update window asks of the system and of the program around it.
+struct UpdateSurroundings {
+  /// The left edge, in pixels, of the window beside which it opens.
+  std::function<int()> AnchorLeft = {};
+  std::function<bool()> IsConnected = &Network::IsConnected;
+  std::function<void(const FolderItem& file)> Open = [](const auto& file) { file.Open(true); };
+};
+
 /// The window behind "Check for updates...". It checks once, as it opens, shows the result, and
 /// fetches a newer version to the desktop if the user wants it.
 class WindowDownload : public DesktopWindow {
  public:
-  WindowDownload();
+  explicit WindowDownload(UpdateSurroundings surroundings);
 
   /// The open window, or a new one, which comes on screen when its check has been made.
-  static WindowDownload& Instance();
+  static WindowDownload& Instance(const UpdateSurroundings& surroundings = {});
 
   DesktopProgressBar ProgressBar1;
   DesktopLabel StaticText2;
@@ -50,10 +60,8 @@ class WindowDownload : public DesktopWindow {
   void ShowResult(const std::optional<std::string>& reply);
   void ShowDownload(bool visible);
 
+  UpdateSurroundings surroundings_;
   VersionResult result_;  // Of the check.
 };
-
-/// Gives the left edge, in pixels, of the window beside which the update window opens.
-void AnchorUpdateWindow(std::function<int()> left);
 
 }  // namespace peakwright

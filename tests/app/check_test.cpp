@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include "engine/global_strings.h"
-#include "runtime/network.h"
 #include "tests/support/listing_58.h"
 #include "tests/support/program.h"
 #include "update/update_window.h"
@@ -19,7 +18,6 @@ class Check : public testing::Test {
   Check() {
     server_.listen(QHostAddress::LocalHost);
     Module1::websource = "https://127.0.0.1:" + std::to_string(server_.serverPort()) + "/";
-    Network::AnswerWith([] { return true; });
   }
 
   /// Chooses the command. The server takes the call and keeps silent.
@@ -33,8 +31,8 @@ class Check : public testing::Test {
 
   static bool IsShown() { return Program::Shown(WindowDownload::Instance()); }
 
-  Program program_;
-  QWindow* window_ = program_.Main().Native()->windowHandle();
+  Program program_{{.IsConnected = [] { return true; }}};
+  QWindow* window_ = ToolkitSide::Of(program_.Main())->windowHandle();
   QTcpServer server_;
   QTcpSocket* call_ = nullptr;
 };
@@ -48,7 +46,7 @@ TEST_F(Check, KeepsWhatTheUserDoesAndCarriesItOutAfterwards) {
   for (const auto& key : {Qt::Key_5, Qt::Key_8, Qt::Key_Return}) QTest::keyClick(window_, key);
   main.checkbox1.Value(true);
   QTest::keyClick(window_, Qt::Key_R, Qt::ControlModifier);
-  const QPoint more = main.PushButton3.Native()->mapTo(main.Native(), QPoint(8, 8));
+  const QPoint more = ToolkitSide::Of(main.PushButton3)->mapTo(ToolkitSide::Of(main), QPoint(8, 8));
   QTest::mouseClick(window_, Qt::LeftButton, {}, more);
   Program::Choose("FileUpdate");
   QTest::qWait(50);
@@ -69,7 +67,7 @@ TEST_F(Check, KeepsWhatTheUserDoesAndCarriesItOutAfterwards) {
 
 TEST_F(Check, ClosesItsWindowAfterwardsIfAskedMeanwhile) {
   Begin();
-  const QPointer<QWidget> window = WindowDownload::Instance().Native();
+  const QPointer<QWidget> window = ToolkitSide::Of(WindowDownload::Instance());
   Program::Choose("FileUpdate");
   WindowDownload::Instance().PushButton1.Press();
   WindowDownload::Instance().PushButton1.Press();
@@ -110,7 +108,7 @@ TEST_F(Check, EndsAtOnceWithTheProgram) {
       Begin();
       end();
     });
-    EXPECT_EQ(program_.Run([] {}), 0);
+    EXPECT_EQ(program_.Run(), 0);
     EXPECT_FALSE(IsShown()) << "the check was still waiting";
     WindowDownload::Instance().Close();
     QTest::qWait(10);

@@ -2,7 +2,6 @@
 #include <QPushButton>
 #include <gtest/gtest.h>
 
-#include "runtime/network.h"
 #include "tests/support/program.h"
 #include "update/update_window.h"
 
@@ -13,9 +12,9 @@ namespace {
 class Ending : public testing::Test {
  protected:
   Ending() {
-    Network::AnswerWith([] { return false; });
-    app_.BringUp();
-    window_ = Update().Native();
+    app_.Start();
+    Program::Choose("FileUpdate");
+    window_ = ToolkitSide::Of(Update());
   }
 
   static WindowDownload& Update() { return WindowDownload::Instance(); }
@@ -28,7 +27,7 @@ class Ending : public testing::Test {
   }
 
   int argc_ = 0;
-  App app_{argc_, nullptr};
+  App app_{argc_, nullptr, {.IsConnected = [] { return false; }}};
   QPointer<QWidget> window_;
 };
 
@@ -38,7 +37,7 @@ TEST_F(Ending, OfAWindowWaitsForItsHandlers) {
     QTest::qWait(50);  // As a dialog would.
     EXPECT_NE(window_, nullptr);
   };
-  QTest::mouseClick(Update().PushButton1.Native(), Qt::LeftButton);
+  QTest::mouseClick(ToolkitSide::Of(Update().PushButton1), Qt::LeftButton);
   EXPECT_TRUE(QTest::qWaitFor([&] { return window_ == nullptr; }));
 }
 
@@ -46,7 +45,7 @@ TEST_F(Ending, OfAWindowLeavesTheBoxForExceptions) {
   std::string what = "no luck";
   Update().PushButton1.Pressed = [&] { throw std::runtime_error(what); };
   TextWindow::Instance().CheckForUpdates = Update().PushButton1.Pressed;
-  Update().Native()->activateWindow();
+  ToolkitSide::Of(Update())->activateWindow();
   Update().PushButton1.Press();
   ASSERT_NE(Box(), nullptr) << "the handler has returned";
   Update().Close();

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "runtime/http_reply_reader.h"
+#include "runtime/toolkit/http_reply_reader.h"
 
 namespace peakwright {
 namespace {

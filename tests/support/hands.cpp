@@ -7,6 +7,7 @@
 
 #include "runtime/desktop_ui_control.h"
 #include "runtime/desktop_window.h"
+#include "runtime/toolkit/toolkit_side.h"
 
 namespace peakwright {
 
@@ -18,11 +19,11 @@ void PressKeys(const DesktopUIControl& control, const char* keys) {
       pressed.keyboardModifiers() == Qt::NoModifier && pressed.key() < Qt::Key_Escape;
   QKeyEvent event(QEvent::KeyPress, pressed.key(), pressed.keyboardModifiers(),
                   typed ? QString(QChar(static_cast<char16_t>(pressed.key()))) : QString());
-  QApplication::sendEvent(control.Native(), &event);
+  QApplication::sendEvent(ToolkitSide::Of(control), &event);
 }
 
 void Resize(const DesktopWindow& window, int width, int height) {
-  window.Native()->resize(width, height);
+  ToolkitSide::Of(window)->resize(width, height);
 }
 
 void StayOffScreen() { qputenv("QT_QPA_PLATFORM", "offscreen"); }

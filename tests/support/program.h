@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <QAction>
@@ -9,6 +10,7 @@
 #include <QWidget>
 
 #include "app/application.h"
+#include "runtime/toolkit/toolkit_side.h"
 #include "ui/additional_elements_window.h"
 #include "ui/edit_element_window.h"
 #include "ui/isotopes_window.h"
@@ -22,40 +24,44 @@ using Controls = std::vector<const DesktopUIControl*>;
 /// The program, started as its user starts it, and the user's hands on it.
 class Program : public App {
  public:
-  Program() : App(argumentCount_, &arguments_) { BringUp(); }
+  explicit Program(UpdateSurroundings surroundings = {})
+      : App(argumentCount_, &arguments_, std::move(surroundings)) {
+    Start();
+  }
 
   TextWindow& Main() const { return TextWindow::Instance(); }
   std::string Results() const { return Main().textfield2.Text(); }
   const std::string& LastException() const { return lastException_; }
 
   static void Focus(const DesktopUIControl& control) {
-    control.Native()->window()->activateWindow();
-    control.Native()->setFocus();
+    ToolkitSide::Of(control)->window()->activateWindow();
+    ToolkitSide::Of(control)->setFocus();
     QApplication::processEvents();
   }
 
   static void Click(const DesktopUIControl& control) {
-    QTest::mouseClick(control.Native(), Qt::LeftButton, {}, {8, control.Native()->height() / 2});
+    QTest::mouseClick(ToolkitSide::Of(control), Qt::LeftButton, {},
+                      {8, ToolkitSide::Of(control)->height() / 2});
   }
 
   static void Key(const DesktopUIControl& control, Qt::Key key, Qt::KeyboardModifiers with = {}) {
     Focus(control);
-    QTest::keyClick(control.Native(), key, with);
+    QTest::keyClick(ToolkitSide::Of(control), key, with);
   }
 
   static void Type(const DesktopUIControl& control, const char* text) {
     Focus(control);
-    QTest::keyClick(control.Native(), Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClicks(control.Native(), QString::fromUtf8(text));
+    QTest::keyClick(ToolkitSide::Of(control), Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(ToolkitSide::Of(control), QString::fromUtf8(text));
   }
 
   static void Choose(const char* menuItem) {
-    Menu::Instance().Lookup(menuItem)->Native()->trigger();
+    ToolkitSide::Of(*Menu::Instance().Lookup(menuItem))->trigger();
   }
   static bool Marked(const char* menuItem) {
     return Menu::Instance().Lookup(menuItem)->HasCheckMark();
   }
-  static bool Shown(const DesktopWindow& window) { return window.Native()->isVisible(); }
+  static bool Shown(const DesktopWindow& window) { return ToolkitSide::Of(window)->isVisible(); }
 
  protected:
   void UnhandledException(const std::string& what) override { lastException_ = what; }

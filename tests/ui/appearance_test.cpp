@@ -1,6 +1,6 @@
 // How the windows look, measured on their pixels.
 
-#include "runtime/appearance.h"
+#include "runtime/toolkit/appearance.h"
 
 #include <QCheckBox>
 #include <QImage>
@@ -15,7 +15,6 @@
 #include <gtest/gtest.h>
 
 #include "runtime/color.h"
-#include "runtime/network.h"
 #include "tests/support/program.h"
 #include "update/update_window.h"
 
@@ -128,14 +127,13 @@ void CheckOutlines(QWidget& content) {
 TEST(Appearance, CanBeReadInLightAndDark) {
   for (const bool dark : {false, true}) {
     SCOPED_TRACE(dark ? "dark" : "light");
-    Program program;
+    Program program({.IsConnected = [] { return false; }});
     ShowAppearance(dark);
     EXPECT_EQ(Color::IsDarkMode(), dark);
     program.Main().Pushbutton1.Press();
     program.Main().CheckBox2.Value(true);
     Window2::Instance().Edit(5);
     Window3::Instance().Show();
-    Network::AnswerWith([] { return false; });
     program.Main().CheckForUpdates();
     QApplication::processEvents();
     // Without a focus no field has a caret or a selection.
@@ -143,12 +141,11 @@ TEST(Appearance, CanBeReadInLightAndDark) {
     for (const DesktopWindow* window : std::initializer_list<const DesktopWindow*>{
              &program.Main(), &Window1::Instance(), &Window2::Instance(), &Window3::Instance(),
              &WindowDownload::Instance()}) {
-      CheckControls(*window->Content());
-      CheckOutlines(*window->Content());
+      CheckControls(*ToolkitSide::ContentOf(*window));
+      CheckOutlines(*ToolkitSide::ContentOf(*window));
     }
-    EXPECT_GE(TextContrast(Menu::Instance().Native()->grab().toImage()), 4.5);
+    EXPECT_GE(TextContrast(ToolkitSide::Of(Menu::Instance())->grab().toImage()), 4.5);
     ShowAppearance(false);
-    Network::AnswerWith(nullptr);
   }
 }
 
@@ -159,7 +156,7 @@ TEST(Appearance, ShowsReportRowsUnwrapped) {
   QApplication::processEvents();
   DesktopTextArea& results = program.Main().textfield2;
   EXPECT_EQ(results.LineNumber(results.TextLength()), 2 + 28 + 2);
-  const auto& view = static_cast<const QPlainTextEdit&>(*results.Native());
+  const auto& view = static_cast<const QPlainTextEdit&>(*ToolkitSide::Of(results));
   EXPECT_EQ(view.fontMetrics().horizontalAdvance(u'i'), view.fontMetrics().horizontalAdvance(u'W'));
 }
 

@@ -14,7 +14,7 @@ namespace peakwright {
 namespace {
 
 void ChooseRow(int row) {
-  auto& box = static_cast<QComboBox&>(*Window1::Instance().PopupMenu1.Native());
+  auto& box = static_cast<QComboBox&>(*ToolkitSide::Of(Window1::Instance().PopupMenu1));
   box.showPopup();
   box.view()->setCurrentIndex(box.model()->index(row, 0));
   QTest::keyClick(box.view(), Qt::Key_Return);
@@ -23,7 +23,7 @@ void ChooseRow(int row) {
 
 /// Opens the popup by a letter, which chooses nothing by itself, and closes it again.
 void TypeLetter(Qt::Key letter, const std::string& row) {
-  auto& box = static_cast<QComboBox&>(*Window1::Instance().PopupMenu1.Native());
+  auto& box = static_cast<QComboBox&>(*ToolkitSide::Of(Window1::Instance().PopupMenu1));
   const int before = box.currentIndex();
   QTest::keyClick(&box, letter);
   EXPECT_TRUE(box.view()->isVisible());
@@ -33,7 +33,7 @@ void TypeLetter(Qt::Key letter, const std::string& row) {
 }
 
 void DoubleClickRow(int row) {
-  auto& list = static_cast<QAbstractItemView&>(*Window3::Instance().ListBox1.Native());
+  auto& list = static_cast<QAbstractItemView&>(*ToolkitSide::Of(Window3::Instance().ListBox1));
   const QModelIndex cell = list.model()->index(row, 1);
   list.scrollTo(cell);
   const QPoint at = list.visualRect(cell).center();
@@ -65,7 +65,9 @@ TEST(ElementEditors, GoThroughTheirStates) {
     std::function<void()> act;
     const char* state;
   };
-  const auto altF4 = [](DesktopWindow& window) { return [&] { window.Native()->close(); }; };
+  const auto altF4 = [](DesktopWindow& window) {
+    return [&] { ToolkitSide::Of(window)->close(); };
+  };
   TextWindow& main = program.Main();
   Window1& counts = Window1::Instance();
   Window2& editor = Window2::Instance();

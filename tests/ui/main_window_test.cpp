@@ -23,7 +23,7 @@ TEST(MainWindow, ListsAMassTypedAndReturned) {
   const std::string start = program.Results();
   EXPECT_EQ(start.substr(0, 26), "  Version 1.70 December 28");
   EXPECT_EQ(start.back(), '\r');
-  QTest::keyClicks(main.textfield1.Native(), QStringLiteral("58.9"));
+  QTest::keyClicks(ToolkitSide::Of(main.textfield1), QStringLiteral("58.9"));
   Program::Key(main.textfield1, Qt::Key_Return);
   EXPECT_EQ(main.textfield1.Text(), "58");
   EXPECT_EQ(program.Results(), start + kListing58);
@@ -46,7 +46,7 @@ TEST(MainWindow, ListsThousandsOfRows) {
   Program::Key(main.textfield1, Qt::Key_Return);
   EXPECT_EQ(program.Results(), start + expected.results);
   Program::Focus(main.textfield2);
-  QTest::keyClick(main.textfield2.Native(), Qt::Key_Z, Qt::ControlModifier);
+  QTest::keyClick(ToolkitSide::Of(main.textfield2), Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(program.Results(), start);
 }
 
@@ -77,7 +77,7 @@ TEST(MainWindow, TabFollowsTheOrderOutOfTheResultsToo) {
        Controls{&main.Pushbutton1, &main.checkbox1, &main.textfield2, &main.CheckBox2,
                 &main.PushButton2, &main.PushButton3, &main.textfield1}) {
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-    EXPECT_EQ(QApplication::focusWidget(), next->Native());
+    EXPECT_EQ(QApplication::focusWidget(), ToolkitSide::Of(*next));
   }
 }
 
@@ -108,7 +108,7 @@ TEST(MainWindow, WritesAtTheInsertionPointAndScrollsBelowTheOldEnd) {
   TextWindow& main = program.Main();
   Program::Choose("FileClear");
   Program::Type(main.textfield2, "ab");
-  QTest::keyClick(main.textfield2.Native(), Qt::Key_Left, Qt::ShiftModifier);
+  QTest::keyClick(ToolkitSide::Of(main.textfield2), Qt::Key_Left, Qt::ShiftModifier);
   Program::Type(main.textfield1, "58");
   Program::Choose("FileRun");
   EXPECT_EQ(program.Results(), "a" + kListing58);
@@ -121,8 +121,9 @@ TEST(MainWindow, WritesAtTheInsertionPointAndScrollsBelowTheOldEnd) {
     Program::Type(main.textfield1, "200");
     const std::int64_t end = main.textfield2.LineNumber(main.textfield2.TextLength());
     Program::Choose(command.menuItem);
-    const int last =
-        static_cast<QAbstractScrollArea*>(main.textfield2.Native())->verticalScrollBar()->maximum();
+    const int last = static_cast<QAbstractScrollArea*>(ToolkitSide::Of(main.textfield2))
+                         ->verticalScrollBar()
+                         ->maximum();
     EXPECT_EQ(main.textfield2.VerticalScrollPosition(),
               std::min<std::int64_t>(end + command.step, last));
   }
@@ -154,18 +155,18 @@ TEST(MainWindow, RunAndClearAreUndone) {
   QApplication::processEvents();
   Program::Choose("FileRun");
   Program::Focus(main.textfield2);
-  QTest::keySequence(main.textfield2.Native(), QKeySequence::Undo);
+  QTest::keySequence(ToolkitSide::Of(main.textfield2), QKeySequence::Undo);
   EXPECT_EQ(program.Results(), start) << "one step takes back a whole run";
   Program::Key(main.textfield2, Qt::Key_Escape);
   ASSERT_EQ(program.Results(), "");
   DesktopMenuItem& edit = *Menu::Instance().Child("Edit");
-  edit.NativeMenu().popup({});
-  EXPECT_TRUE(edit.Child("EditUndo")->Native()->isEnabled());
-  EXPECT_FALSE(edit.Child("EditCut")->Native()->isEnabled());
-  edit.NativeMenu().close();
+  ToolkitSide::MenuOf(edit).popup({});
+  EXPECT_TRUE(ToolkitSide::Of(*edit.Child("EditUndo"))->isEnabled());
+  EXPECT_FALSE(ToolkitSide::Of(*edit.Child("EditCut"))->isEnabled());
+  ToolkitSide::MenuOf(edit).close();
   Program::Choose("EditUndo");
   EXPECT_EQ(program.Results(), start);
-  QTest::keySequence(main.textfield2.Native(), QKeySequence::Redo);
+  QTest::keySequence(ToolkitSide::Of(main.textfield2), QKeySequence::Redo);
   EXPECT_EQ(program.Results(), "");
 }
 
@@ -178,11 +179,12 @@ TEST(MainWindow, TakesTheNextMassAfterAnyClick) {
   for (const DesktopUIControl* clicked :
        Controls{&main.Pushbutton1, &main.PushButton2, &main.PushButton3, &main.checkbox1,
                 &main.MassText, &panel.PushButton3, &panel.PushButton1}) {
-    Program::Focus(*(clicked->Native()->window() == main.Native() ? &main.textfield2 : clicked));
+    Program::Focus(*(ToolkitSide::Of(*clicked)->window() == ToolkitSide::Of(main) ? &main.textfield2
+                                                                                  : clicked));
     Program::Click(*clicked);
     Program::Choose("FileClear");
-    QTest::keyClicks(main.Native()->focusWidget(), QStringLiteral("58"));
-    QTest::keyClick(main.Native()->focusWidget(), Qt::Key_Return);
+    QTest::keyClicks(ToolkitSide::Of(main)->focusWidget(), QStringLiteral("58"));
+    QTest::keyClick(ToolkitSide::Of(main)->focusWidget(), Qt::Key_Return);
     EXPECT_NE(program.Results().find(kListing58.substr(0, 40)), std::string::npos);
   }
 }
@@ -197,18 +199,19 @@ TEST(MainWindow, KeysReachTheResultsAndTheMenuBarFromEveryWindow) {
     Program::Choose("FileClear");
     Program::Key(*from, Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(program.Results(), start);
-    QTest::keySequence(from->Native(), QKeySequence::Redo);
+    QTest::keySequence(ToolkitSide::Of(*from), QKeySequence::Redo);
     EXPECT_EQ(program.Results(), "");
     Program::Choose("EditUndo");
-    QTest::keyClick(from->Native(), Qt::Key_J, Qt::AltModifier);
-    EXPECT_NE(from->Native()->property("text").toString(), "j");
-    QTest::keyClick(from->Native(), Qt::Key_F10);
-    ASSERT_EQ(QApplication::activePopupWidget(), &Menu::Instance().Child("File")->NativeMenu());
+    QTest::keyClick(ToolkitSide::Of(*from), Qt::Key_J, Qt::AltModifier);
+    EXPECT_NE(ToolkitSide::Of(*from)->property("text").toString(), "j");
+    QTest::keyClick(ToolkitSide::Of(*from), Qt::Key_F10);
+    ASSERT_EQ(QApplication::activePopupWidget(),
+              &ToolkitSide::MenuOf(*Menu::Instance().Child("File")));
     QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
     QApplication::processEvents();
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
-    EXPECT_EQ(from->Native()->window()->focusWidget(), from->Native());
-    EXPECT_FALSE(main.Native()->focusWidget()->inherits("QMenuBar"));
+    EXPECT_EQ(ToolkitSide::Of(*from)->window()->focusWidget(), ToolkitSide::Of(*from));
+    EXPECT_FALSE(ToolkitSide::Of(main)->focusWidget()->inherits("QMenuBar"));
     EXPECT_EQ(program.Results(), start);
   }
 }
@@ -219,16 +222,16 @@ TEST(MainWindow, ResizesTheResultsOnARealChangeOnly) {
   QApplication::processEvents();
   EXPECT_EQ(main.textfield2.Width(), 492);
   EXPECT_EQ(main.textfield2.Height(), 600);
-  const QSize frame = main.Native()->size() - main.Content()->size();
+  const QSize frame = ToolkitSide::Of(main)->size() - ToolkitSide::ContentOf(main)->size();
   struct Case {
     QSize window, results;
   };
   for (const Case& size :
        {Case{{600, 700}, {575, 640}}, Case{{500, 650}, {475, 590}}, Case{{64, 64}, {39, 4}}}) {
-    main.Native()->resize(size.window + frame);
+    ToolkitSide::Of(main)->resize(size.window + frame);
     QApplication::processEvents();
-    EXPECT_EQ(main.textfield2.Native()->size(), size.results);
-    EXPECT_EQ(main.textfield2.Native()->pos(), QPoint(8, 48));
+    EXPECT_EQ(ToolkitSide::Of(main.textfield2)->size(), size.results);
+    EXPECT_EQ(ToolkitSide::Of(main.textfield2)->pos(), QPoint(8, 48));
   }
 }
 
@@ -240,10 +243,10 @@ TEST(MainWindow, GoesOnAfterAnExceptionAndEndsWithZero) {
   Program::Choose("FileUpdate");
   EXPECT_EQ(program.LastException(), "no luck");
   EXPECT_EQ(program.Results(), before);
-  for (const auto& end : {std::function<void()>([&] { main.Native()->close(); }),
+  for (const auto& end : {std::function<void()>([&] { ToolkitSide::Of(main)->close(); }),
                           std::function<void()>([] { Program::Choose("FileQuit"); })}) {
     QTimer::singleShot(0, QApplication::instance(), end);
-    EXPECT_EQ(program.Run([] {}), 0);
+    EXPECT_EQ(program.Run(), 0);
   }
 }
 

@@ -79,10 +79,10 @@ TEST(Monkey, LeavesTheProgramStanding) {
   const std::string listing = ListingOf58(main);
   const ElementTable table = Window3::Instance().Elements();
   // Greater masses and longer results take their time, and show nothing new.
-  static_cast<QLineEdit&>(*main.textfield1.Native()).setMaxLength(3);
+  static_cast<QLineEdit&>(*ToolkitSide::Of(main.textfield1)).setMaxLength(3);
   QApplication::clipboard()->setText(QStringLiteral("C₆H₆\r\n\t∑🧪"));
 
-  Monkey monkey{*main.Native(), std::mt19937(kSeed)};
+  Monkey monkey{*ToolkitSide::Of(main), std::mt19937(kSeed)};
   for (int press = 0; press < presses; ++press) {
     monkey.Press();
     if (main.textfield2.TextLength() > 200'000) Program::Choose("FileClear");

@@ -105,7 +105,7 @@ TEST_F(Printing, PrintsEveryLineOnceAndAPageOnlyForALineThatDoesNotFit) {
   std::erase(printed, '\f');
   EXPECT_EQ(printed, prose + "\nlines.\n\n" + Rows(1, 500));
 
-  QFont hundredfold = results_.Native()->font();
+  QFont hundredfold = ToolkitSide::Of(results_)->font();
   hundredfold.setPixelSize(1600);
   const auto fit = static_cast<int>(72000 / QFontMetricsF(hundredfold).lineSpacing());
   EXPECT_EQ(Printed(Rows(1, fit) + "\r\r", toFile_), Rows(1, fit) + "\f");

@@ -7,8 +7,8 @@
 #include <QtTest>
 
 #include "engine/global_strings.h"
-#include "runtime/appearance.h"
-#include "runtime/network.h"
+#include "runtime/toolkit/appearance.h"
+#include "runtime/toolkit/toolkit_side.h"
 #include "tests/update/tls_server.h"
 #include "update/update_window.h"
 
@@ -27,9 +27,6 @@ class Update : public testing::Test {
     Module1::version = "1.70 December 28, 2021";
     Module1::appname = "Peakwright.app";
     Module1::websource = "https://127.0.0.1:" + std::to_string(server_.serverPort()) + "/";
-    Network::AnswerWith([] { return true; });
-    FolderItem::OpenWith([this](const FolderItem& file, bool) { opened_ += file.NativePath(); });
-    AnchorUpdateWindow([] { return 90; });
     server_.replies["/peakwright_version.txt"] = {Http("1.71"), Close};
   }
 
@@ -82,9 +79,11 @@ class Update : public testing::Test {
   }
 
   /// The window, once its check has been made.
-  static WindowDownload& Window() {
-    WindowDownload& window = WindowDownload::Instance();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return window.Native()->isVisible(); }));
+  WindowDownload& Window() const {
+    WindowDownload& window = WindowDownload::Instance(
+        {[] { return 90; }, [this] { return connected_; },
+         [this](const FolderItem& file) { opened_ += file.NativePath(); }});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return ToolkitSide::Of(window)->isVisible(); }));
     return window;
   }
   QStringList Desktop() { return QDir(home_.filePath("Desktop")).entryList(QDir::Files); }
@@ -94,7 +93,8 @@ class Update : public testing::Test {
   DesktopApplication application_{argc_, nullptr};
   TlsServer server_;
   URLConnection connection_;
-  std::string opened_;
+  bool connected_ = true;
+  mutable std::string opened_;
 };
 
 TEST_F(Update, TransfersAWholeBodyOrFails) {
@@ -187,7 +187,7 @@ TEST_F(Update, ShowsTheResultOfTheCheck) {
   for (const auto& each : kCases) {
     server_.replies["/peakwright_version.txt"] = {each.reply, Close};
     server_.heads.clear();
-    Network::AnswerWith([&each] { return each.connected; });
+    connected_ = each.connected;
     ShowAppearance(each.dark);
     const bool offers = each.text.starts_with("The newest");
     EXPECT_EQ(Window().StaticText1.Text(), each.text);
@@ -208,7 +208,7 @@ TEST_F(Update, DownloadsAgainAfterAFailureThenOpensAndCloses) {
   EXPECT_TRUE(Window().StaticText1.Text().starts_with("Web connection was unsuccessful."));
   EXPECT_TRUE(Desktop().isEmpty());
   server_.replies["/Peakwright.app.zip"] = {Http("archive of 20 bytes "), Trickle};
-  QTest::keyClick(Window().Native(), Qt::Key_Return);
+  QTest::keyClick(ToolkitSide::Of(Window()), Qt::Key_Return);
   EXPECT_EQ(Window().StaticText1.Text(), offer);
   ASSERT_TRUE(QTest::qWaitFor([&] { return Window().ProgressBar1.Value() > 0; }));
   Window().PushButton2.Press();
@@ -242,7 +242,7 @@ TEST_F(Update, KeepsItsOwnWordsInViewWhateverTheReply) {
     server_.replies["/peakwright_version.txt"] = {Http(reply), Close};
     const std::string text = Window().StaticText1.Text();
     EXPECT_NE(text.find(reply.toStdString()), std::string::npos) << "unchanged";
-    auto& label = static_cast<QLabel&>(*Window().StaticText1.Native());
+    auto& label = static_cast<QLabel&>(*ToolkitSide::Of(Window().StaticText1));
     const QString shown = label.text();
     EXPECT_TRUE(shown.contains(version)) << shown.toStdString();
     EXPECT_EQ(shown.endsWith("Download latest version to desktop?"), reply[0] > '0');
@@ -262,10 +262,10 @@ TEST_F(Update, ShowsProgressAndEndsItWhenClosed) {
     PressDownload(total > 0 ? Http(data, total) : "HTTP/1.1 200 OK\r\n\r\n" + data, Stay);
     ASSERT_TRUE(QTest::qWaitFor([&] { return Window().ProgressBar1.Value() == 2000000; }));
     EXPECT_EQ(Window().ProgressBar1.MaximumValue(), total);
-    const auto& bar = static_cast<const QProgressBar&>(*Window().ProgressBar1.Native());
+    const auto& bar = static_cast<const QProgressBar&>(*ToolkitSide::Of(Window().ProgressBar1));
     EXPECT_EQ(bar.maximum(), total > 0 ? bar.value() * 2000 : 0) << "0 is busy";
     server_.ended = 0;
-    Window().Native()->close();
+    ToolkitSide::Of(Window())->close();
     EXPECT_TRUE(QTest::qWaitFor([&] { return server_.ended > 0; }));
     EXPECT_TRUE(Desktop().isEmpty() && opened_.empty());
   }

@@ -1,4 +1,4 @@
-#include "runtime/outlined_style.h"
+#include "runtime/toolkit/outlined_style.h"
 
 #include <algorithm>
 #include <cmath>
@@ -9,7 +9,7 @@
 #include <QPainter>
 #include <QStyleOption>
 
-#include "runtime/appearance.h"
+#include "runtime/toolkit/appearance.h"
 
 namespace peakwright {
 namespace {

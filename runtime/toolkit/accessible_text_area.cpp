@@ -1,4 +1,4 @@
-#include "runtime/accessible_text_area.h"
+#include "runtime/toolkit/accessible_text_area.h"
 
 #include <algorithm>
 #include <memory>
@@ -11,7 +11,7 @@
 #include <QTextBlock>
 #include <QTextCursor>
 
-#include "runtime/text_area_view.h"
+#include "runtime/toolkit/text_area_view.h"
 
 namespace peakwright {
 namespace {

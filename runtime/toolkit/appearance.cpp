@@ -1,4 +1,4 @@
-#include "runtime/appearance.h"
+#include "runtime/toolkit/appearance.h"
 
 #include <algorithm>
 #include <cmath>

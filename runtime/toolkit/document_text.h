@@ -8,7 +8,7 @@
 #include <QTextCursor>
 #include <QTextDocument>
 
-#include "runtime/block_lines.h"
+#include "runtime/toolkit/block_lines.h"
 
 namespace peakwright {
 

@@ -1,11 +1,11 @@
-#include "runtime/document_text.h"
+#include "runtime/toolkit/document_text.h"
 
 #include <algorithm>
 #include <cstdint>
 
 #include <QTextBlock>
 
-#include "runtime/caption_text.h"
+#include "runtime/toolkit/caption_text.h"
 
 namespace peakwright {
 namespace {

@@ -1,4 +1,4 @@
-#include "runtime/origin_mark.h"
+#include "runtime/toolkit/origin_mark.h"
 
 #if defined(__linux__) || defined(__APPLE__)
 #include <sys/xattr.h>

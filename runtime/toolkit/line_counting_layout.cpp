@@ -1,4 +1,4 @@
-#include "runtime/line_counting_layout.h"
+#include "runtime/toolkit/line_counting_layout.h"
 
 #include <algorithm>
 #include <utility>
@@ -7,7 +7,7 @@
 #include <QTextDocument>
 #include <QTextLayout>
 
-#include "runtime/document_text.h"
+#include "runtime/toolkit/document_text.h"
 
 namespace peakwright {
 namespace {

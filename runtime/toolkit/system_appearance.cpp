@@ -1,4 +1,4 @@
-#include "runtime/system_appearance.h"
+#include "runtime/toolkit/system_appearance.h"
 
 #include <QtGlobal>
 // From 6.5 on the toolkit itself asks.
@@ -14,8 +14,8 @@
 #include <QSettings>
 #endif
 
-#include "runtime/appearance.h"
 #include "runtime/color.h"
+#include "runtime/toolkit/appearance.h"
 
 namespace peakwright {
 

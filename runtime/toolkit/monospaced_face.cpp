@@ -1,4 +1,4 @@
-#include "runtime/monospaced_face.h"
+#include "runtime/toolkit/monospaced_face.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "runtime/menu_keys.h"
+#include "runtime/toolkit/menu_keys.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -6,7 +6,8 @@
 #include <QMenuBar>
 
 #include "runtime/desktop_menu.h"
-#include "runtime/edit_commands.h"
+#include "runtime/toolkit/edit_commands.h"
+#include "runtime/toolkit/toolkit_side.h"
 
 namespace peakwright {
 namespace {
@@ -25,8 +26,8 @@ bool IsStrayMnemonic(const QKeyEvent& event) {
 
 void MenuKeys::Follow(QMenu& menu) {
   connect(&menu, &QMenu::aboutToShow, this, [this] {
-    QWidget* focused = bar_.Native()->window()->focusWidget();
-    if (focused != bar_.Native()) focused_ = focused;
+    QWidget* focused = ToolkitSide::Of(bar_)->window()->focusWidget();
+    if (focused != ToolkitSide::Of(bar_)) focused_ = focused;
   });
   connect(&menu, &QMenu::aboutToHide, this, &MenuKeys::LeaveBar, Qt::QueuedConnection);
 }
@@ -56,7 +57,7 @@ bool MenuKeys::TakesOver(QKeyEvent& event) const {
 
 bool MenuKeys::Acts(const QKeyEvent& event) const {
   if (OpensMenuBar(event)) {
-    bar_.Native()->setActiveAction(bar_.Native()->actions().front());
+    ToolkitSide::Of(bar_)->setActiveAction(ToolkitSide::Of(bar_)->actions().front());
     return true;
   }
   if (const EditCommand* command = FindEditCommand(event)) {
@@ -67,7 +68,7 @@ bool MenuKeys::Acts(const QKeyEvent& event) const {
 }
 
 void MenuKeys::LeaveBar() {
-  QMenuBar& bar = *bar_.Native();
+  QMenuBar& bar = *ToolkitSide::Of(bar_);
   // Another of the bar's menus may have opened in this one's place.
   if (QApplication::activePopupWidget() != nullptr || bar.window()->focusWidget() != &bar) return;
   QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);

@@ -1,4 +1,4 @@
-#include "runtime/page_setup.h"
+#include "runtime/toolkit/page_setup.h"
 
 #include <algorithm>
 #include <array>
@@ -12,7 +12,7 @@
 #include <QPrinterInfo>
 #include <QRadioButton>
 
-#include "runtime/caption_text.h"
+#include "runtime/toolkit/caption_text.h"
 
 namespace peakwright {
 namespace {

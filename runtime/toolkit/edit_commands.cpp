@@ -1,4 +1,4 @@
-#include "runtime/edit_commands.h"
+#include "runtime/toolkit/edit_commands.h"
 
 #include <algorithm>
 #include <array>
@@ -8,8 +8,8 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 
-#include "runtime/desktop_window.h"
-#include "runtime/text_area_view.h"
+#include "runtime/toolkit/text_area_view.h"
+#include "runtime/toolkit/toolkit_side.h"
 
 namespace peakwright {
 namespace {
@@ -86,8 +86,9 @@ QWidget* Target(const EditCommand& command) {
   QWidget* focused = QApplication::focusWidget();
   if (focused != nullptr && command.canAct(*focused)) return focused;
   const bool reachesResults = command.act == Undo || command.act == Redo;
-  if (!reachesResults || DesktopWindow::Document() == nullptr) return nullptr;
-  const QList<QPlainTextEdit*> areas = DesktopWindow::Document()->findChildren<QPlainTextEdit*>();
+  const QWidget* document = ToolkitSide::DocumentWindow();
+  if (!reachesResults || document == nullptr) return nullptr;
+  const QList<QPlainTextEdit*> areas = document->findChildren<QPlainTextEdit*>();
   return areas.isEmpty() || !command.canAct(*areas.front()) ? nullptr : areas.front();
 }
 

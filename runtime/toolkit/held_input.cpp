@@ -1,4 +1,4 @@
-#include "runtime/held_input.h"
+#include "runtime/toolkit/held_input.h"
 
 #include <memory>
 #include <utility>
@@ -10,7 +10,7 @@
 #include <QMenuBar>
 #include <QMouseEvent>
 
-#include "runtime/desktop_application.h"
+#include "runtime/toolkit/toolkit_side.h"
 
 namespace peakwright {
 namespace {
@@ -123,7 +123,7 @@ void HeldInput::LetGo() {
   }
 }
 
-Waiting::Waiting() { DesktopApplication::Current().Input().Hold(); }
-Waiting::~Waiting() { DesktopApplication::Current().Input().Release(); }
+Waiting::Waiting() { ToolkitSide::Input().Hold(); }
+Waiting::~Waiting() { ToolkitSide::Input().Release(); }
 
 }  // namespace peakwright

@@ -1,10 +1,10 @@
-#include "runtime/block_lines.h"
+#include "runtime/toolkit/block_lines.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <memory>
 
-#include "runtime/document_text.h"
+#include "runtime/toolkit/document_text.h"
 
 namespace peakwright {
 

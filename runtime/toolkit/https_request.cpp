@@ -1,4 +1,4 @@
-#include "runtime/https_request.h"
+#include "runtime/toolkit/https_request.h"
 
 #include <algorithm>
 #include <chrono>
@@ -8,7 +8,7 @@
 #include <QSslSocket>
 #include <QTimer>
 
-#include "runtime/caption_text.h"
+#include "runtime/toolkit/caption_text.h"
 
 namespace peakwright {
 namespace {

@@ -1,4 +1,4 @@
-#include "runtime/http_reply_reader.h"
+#include "runtime/toolkit/http_reply_reader.h"
 
 #include <algorithm>
 #include <charconv>

@@ -8,7 +8,7 @@
 #include <QObject>
 #include <QUrl>
 
-#include "runtime/http_reply_reader.h"
+#include "runtime/toolkit/http_reply_reader.h"
 
 class QSslSocket;
 

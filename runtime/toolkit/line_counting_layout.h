@@ -9,7 +9,7 @@
 #include <QString>
 #include <QTextBlock>
 
-#include "runtime/block_lines.h"
+#include "runtime/toolkit/block_lines.h"
 
 namespace peakwright {
 

@@ -1,4 +1,4 @@
-#include "runtime/announcement.h"
+#include "runtime/toolkit/announcement.h"
 
 #include <chrono>
 #include <memory>
@@ -10,7 +10,7 @@
 #include <QWidget>
 #include <QWindow>
 
-#include "runtime/caption_text.h"
+#include "runtime/toolkit/caption_text.h"
 
 namespace peakwright {
 

@@ -1,4 +1,4 @@
-#include "runtime/text_area_view.h"
+#include "runtime/toolkit/text_area_view.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -13,9 +13,9 @@
 #include <QTextLayout>
 #include <QTimer>
 
-#include "runtime/accessible_text_area.h"
-#include "runtime/document_text.h"
-#include "runtime/line_counting_layout.h"
+#include "runtime/toolkit/accessible_text_area.h"
+#include "runtime/toolkit/document_text.h"
+#include "runtime/toolkit/line_counting_layout.h"
 
 namespace peakwright {
 namespace {

@@ -1,4 +1,4 @@
-#include "runtime/toolkit_messages.h"
+#include "runtime/toolkit/toolkit_messages.h"
 
 #include <QLoggingCategory>
 #include <QString>
