@@ -11,6 +11,7 @@
 #include "bench/dear_runs.h"
 #include "bench/fastest.h"
 #include "engine/global_strings.h"
+#include "engine/row_buffer.h"
 #include "engine/run.h"
 #include "tests/support/literal_run.h"
 #include "tests/support/plain_controls.h"
@@ -41,7 +42,7 @@ struct Unprinted : PlainControls {
   void Print(std::string_view text) override { benchmark::DoNotOptimize(text.data()); }
   void Print(const Listing& listing) override {
     listing.Write([this](std::string_view piece) { Print(piece); });
-    rows = static_cast<std::int64_t>(listing.Length() / RowWriter::RowLength()) - 2;
+    rows = static_cast<std::int64_t>(listing.Length() / RowBuffer::RowLength()) - 2;
   }
   std::int64_t rows = -1;  // No listing.
 };

@@ -1,6 +1,7 @@
 #include "engine/cell_writer.h"
 
 #include <algorithm>
+#include <cassert>
 #include <cmath>
 #include <limits>
 
@@ -29,11 +30,12 @@ constinit const std::array<FourDigits, 20001> kFourDigits = [] {
 }();
 
 std::uint32_t LastFourDigits(float value) {
+  assert(value >= kEndOfFractions && std::isfinite(value));
   constexpr std::uint32_t kLeadingBit = 1U << (kMantissaBits - 1);
   constexpr std::uint32_t kBias =  // of the exponent, for a mantissa that is a whole number
       std::numeric_limits<float>::max_exponent - 2 + kMantissaBits;
-  const std::uint32_t mantissa = Rank(value) % kLeadingBit + kLeadingBit;
-  return mantissa % 10000 * kPowersOfTwo[Rank(value) / kLeadingBit - kBias] % 10000;
+  const std::uint32_t mantissa = Bits(value) % kLeadingBit + kLeadingBit;
+  return mantissa % 10000 * kPowersOfTwo[Bits(value) / kLeadingBit - kBias] % 10000;
 }
 
 void WriteNotFinite(char* cell, const CellMask& mask, float value) {

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <bit>
+#include <cassert>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
@@ -9,9 +10,9 @@
 #include <string_view>
 
 /// Writes the cells of a report row in place: the same characters as Module1::align, without a text
-/// of their own for each. The points and the bracket of the masks must stand in the row already,
-/// and cells are written from right to left: digits go in by fours, so that a cell with room for
-/// three before its point spoils the last character of the cell to its left.
+/// of their own for each. The points and the bracket of the masks must stand in the row already.
+/// Digits go in by fours, also into a cell with room for three before its point, where the first
+/// lands on the last character of the cell to the left: so cells are written from right to left.
 namespace peakwright {
 
 /// A mask of the form " ###.0000" or "####)", taken apart.
@@ -20,6 +21,7 @@ struct CellMask {
       : text(mask), places(mask.substr(0, mask.find_first_of(".)")).size()) {
     if (places < mask.size()) decimals = mask.size() - places - 1;
     for (std::size_t i = 0; i < decimals; ++i) scale *= 10;
+    assert((places == 3 || places == 4) && decimals <= 4);
   }
 
   std::string_view text;
@@ -30,13 +32,14 @@ struct CellMask {
 
 using FourDigits = std::array<char, 4>;
 
-/// The four characters before a point: the numbers up to 9999, padded with blanks and 0 all blank,
-/// and from 10000 to 20000 the last four digits.
+/// What a cell shows of a whole number before its point, in four characters. Below 10000 that is
+/// the number behind blanks, of 0 blanks only; from there to 20000 its last four digits, so that
+/// entry 10000 + f holds the four digits of f.
 extern const std::array<FourDigits, 20001> kFourDigits;
 
-/// The place of a Single among all: in the order of their values from 0 up to infinity, behind
-/// which come those that are negative or no numbers.
-inline std::uint32_t Rank(float value) { return std::bit_cast<std::uint32_t>(value); }
+/// The bits of a Single as a number. They compare as the values do from 0 up to infinity; those of
+/// negative values, and of what is no number, are higher still.
+inline std::uint32_t Bits(float value) { return std::bit_cast<std::uint32_t>(value); }
 
 /// From here up a Single has no fraction.
 inline constexpr float kEndOfFractions = 1U << std::numeric_limits<float>::digits;
@@ -60,15 +63,19 @@ inline std::uint32_t InUnits(float shown, std::uint32_t scale) {
   return static_cast<std::uint32_t>(static_cast<std::int32_t>(double{shown} * scale + 0.5));
 }
 
-/// Likewise a count from 0 up, which goes through a Single as all values do.
+/// Likewise a whole number.
+inline std::uint32_t ShownWhole(std::uint64_t number) {
+  return static_cast<std::uint32_t>(number < 10000 ? number : 10000 + number % 10000);
+}
+
+/// Likewise a count from 0 up, which a cell shows as the Single that is nearest.
 inline std::uint32_t ShownCount(std::int64_t count) {
-  if (count < 10000) return static_cast<std::uint32_t>(count);
-  const auto single = static_cast<std::uint64_t>(static_cast<float>(count));
-  return static_cast<std::uint32_t>(10000 + single % 10000);
+  return ShownWhole(static_cast<std::uint64_t>(static_cast<float>(count)));
 }
 
 /// Writes a number of at most 20000 by a mask without decimals, or before the point of one with.
 inline void WriteWhole(char* cell, const CellMask& mask, std::uint32_t number) {
+  assert(number < kFourDigits.size());
   std::memcpy(cell + mask.places - 4, kFourDigits[number].data(), 4);
 }
 

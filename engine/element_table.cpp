@@ -1,6 +1,7 @@
 #include "engine/element_table.h"
 
 #include <algorithm>
+#include <cassert>
 #include <string_view>
 #include <utility>
 
@@ -19,7 +20,11 @@ std::vector<std::string> Split(std::string_view text, char separator) {
   return pieces;
 }
 
-std::size_t Index(int i) { return static_cast<std::size_t>(i); }
+std::size_t Index(int i, int end) {
+  assert(i >= 0 && i < end);
+  static_cast<void>(end);
+  return static_cast<std::size_t>(i);
+}
 
 }  // namespace
 
@@ -33,14 +38,16 @@ ElementTable::ElementTable() {
   }
 }
 
-const std::string& ElementTable::HeaderAt(int column) const { return headings_[Index(column)]; }
+const std::string& ElementTable::HeaderAt(int column) const {
+  return headings_[Index(column, ColumnCount())];
+}
 
 const std::string& ElementTable::CellTextAt(int row, int column) const {
-  return rows_[Index(row)][Index(column)];
+  return rows_[Index(row, RowCount())][Index(column, ColumnCount())];
 }
 
 void ElementTable::CellTextAt(int row, int column, std::string text) {
-  rows_[Index(row)][Index(column)] = std::move(text);
+  rows_[Index(row, RowCount())][Index(column, ColumnCount())] = std::move(text);
 }
 
 }  // namespace peakwright

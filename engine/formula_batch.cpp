@@ -1,5 +1,6 @@
 #include "engine/formula_batch.h"
 
+#include <cassert>
 #include <limits>
 
 #include "engine/cell_writer.h"
@@ -13,11 +14,11 @@ using Each = FormulaBatch::Each<T>;
 
 /// The counts of a batch as the sums take them.
 struct Atoms {
-  /// Of the formulas from `first` to below `lanes`, whose H is worked out. Counts go through
-  /// `Count`, which must hold them: of the narrower one more go into a step.
+  /// Takes those of the formulas from `first` to below `end`, and works out their H. A `Count` must
+  /// hold each of them; the processor takes more of a narrow one at a time.
   template <typename Count>
-  void Take(FormulaBatch& batch, const UnitMasses& masses, std::size_t first, std::size_t lanes) {
-    for (std::size_t i = first; i < lanes; ++i) {
+  void Take(FormulaBatch& batch, const UnitMasses& masses, std::size_t first, std::size_t end) {
+    for (std::size_t i = first; i < end; ++i) {
       c[i] = static_cast<double>(static_cast<Count>(batch.c[i]));
       o[i] = static_cast<double>(static_cast<Count>(batch.o[i]));
       n[i] = static_cast<double>(static_cast<Count>(batch.n[i]));
@@ -31,11 +32,11 @@ struct Atoms {
     }
   }
 
-  void Take(FormulaBatch& batch, const UnitMasses& masses, std::size_t first, std::size_t lanes) {
+  void Take(FormulaBatch& batch, const UnitMasses& masses, std::size_t first, std::size_t end) {
     if (batch.fewAtoms) {
-      Take<std::int32_t>(batch, masses, first, lanes);
+      Take<std::int32_t>(batch, masses, first, end);
     } else {
-      Take<std::int64_t>(batch, masses, first, lanes);
+      Take<std::int64_t>(batch, masses, first, end);
     }
   }
 
@@ -45,28 +46,30 @@ struct Atoms {
   Each<double> h;
 };
 
-/// Makes whole groups of lanes: those behind the last formula repeat it. Tells their number.
-std::size_t FillLanes(FormulaBatch& batch) {
+/// Makes whole groups of eight formulas, which the processor can take at a time: those behind the
+/// last one repeat it. Tells where the groups end.
+std::size_t FillGroups(FormulaBatch& batch) {
   constexpr std::size_t kGroup = 8;
   static_assert(FormulaBatch::kCapacity % kGroup == 0);
   const std::size_t size = batch.size;
-  const std::size_t lanes = (size + kGroup - 1) / kGroup * kGroup;
+  assert(size > 0);
+  const std::size_t end = (size + kGroup - 1) / kGroup * kGroup;
   for (Each<std::int64_t>* counts : {&batch.c, &batch.o, &batch.n}) {
-    std::fill(counts->begin() + size, counts->begin() + lanes, (*counts)[size - 1]);
+    std::fill(counts->begin() + size, counts->begin() + end, (*counts)[size - 1]);
   }
-  return lanes;
+  return end;
 }
 
 template <std::uint32_t kScale>
-void Split(FormulaBatch::Column& column, std::size_t lanes) {
+void Split(FormulaBatch::Column& column, std::size_t end) {
   std::uint32_t highest = 0;
-  for (std::size_t i = 0; i < lanes; ++i) highest = std::max(highest, Rank(column.value[i]));
-  column.plain = highest < Rank(std::numeric_limits<float>::infinity());
+  for (std::size_t i = 0; i < end; ++i) highest = std::max(highest, Bits(column.value[i]));
+  column.plain = highest < Bits(std::numeric_limits<float>::infinity());
   if (!column.plain) return;
-  if (highest >= Rank(10000)) {
-    for (std::size_t i = 0; i < lanes; ++i) column.value[i] = Shown(column.value[i]);
+  if (highest >= Bits(10000)) {
+    for (std::size_t i = 0; i < end; ++i) column.value[i] = Shown(column.value[i]);
   }
-  for (std::size_t i = 0; i < lanes; ++i) {
+  for (std::size_t i = 0; i < end; ++i) {
     const std::uint32_t units = InUnits(column.value[i], kScale);
     column.whole[i] = units / kScale;
     column.fraction[i] = units % kScale;
@@ -75,8 +78,9 @@ void Split(FormulaBatch::Column& column, std::size_t lanes) {
 
 }  // namespace
 
-// GCC compiles it twice, and the start of the program chooses: twice the lanes a step take half the
-// time, with the same digits. Under the sanitizers it is the plain one, so that the tests see both.
+// GCC compiles it twice, and the start of the program chooses: twice the formulas at a time take
+// half the time, with the same digits. Under the sanitizers it is the plain one, so that the tests
+// see both.
 #if defined(__x86_64__) && defined(__gnu_linux__) && !defined(__clang__) && \
     !defined(__SANITIZE_ADDRESS__)
 [[gnu::target_clones("avx2", "default"), gnu::flatten]]
@@ -86,26 +90,26 @@ void FormulaBatch::Calculate(const UnitMasses& givenMasses, const Sums& givenSum
   // Copies, as the arrays might overlap what a reference refers to.
   const UnitMasses masses = givenMasses;
   const Sums sums = givenSums;
-  const std::size_t lanes = FillLanes(*this);
+  const std::size_t end = FillGroups(*this);
   Atoms atoms;
-  atoms.Take(*this, masses, first, lanes);
-  for (std::size_t i = first; i < lanes; ++i) {
+  atoms.Take(*this, masses, first, end);
+  for (std::size_t i = first; i < end; ++i) {
     rdb.value[i] = sums.Rdb(atoms.c[i], atoms.h[i], atoms.n[i]);
   }
   if (numbers == Numbers::kRdbAlone) return;
-  for (std::size_t i = 0; i < lanes; ++i) {
+  for (std::size_t i = 0; i < end; ++i) {
     exact.value[i] = sums.ExactMass(atoms.c[i], atoms.h[i], atoms.n[i], atoms.o[i]);
   }
-  for (std::size_t i = 0; i < lanes; ++i) {
+  for (std::size_t i = 0; i < end; ++i) {
     m1.value[i] = sums.M1(atoms.c[i], atoms.h[i], atoms.n[i], atoms.o[i]);
   }
-  for (std::size_t i = 0; i < lanes; ++i) {
+  for (std::size_t i = 0; i < end; ++i) {
     m2.value[i] = sums.M2(m1.value[i], atoms.c[i], atoms.h[i], atoms.n[i], atoms.o[i]);
   }
-  Split<kExactMask.scale>(exact, lanes);
-  Split<kPeakMask.scale>(m1, lanes);
-  Split<kPeakMask.scale>(m2, lanes);
-  Split<kRdbMask.scale>(rdb, lanes);
+  Split<kExactMask.scale>(exact, end);
+  Split<kPeakMask.scale>(m1, end);
+  Split<kPeakMask.scale>(m2, end);
+  Split<kRdbMask.scale>(rdb, end);
 }
 
 void FormulaBatch::KeepValid(const UnitMasses& masses, const Sums& sums, bool nitrogenRule) {

@@ -1,30 +1,39 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
-#include <string_view>
+#include <initializer_list>
 
 #include "engine/cell_writer.h"
 
-/// A report row: where its cells begin, and their masks.
+/// A report row: the masks of its cells, one behind the other, and where they begin.
 namespace peakwright {
-
-/// The row without its digits.
-inline constexpr std::string_view kBlankRow = "    )    .                    .      .     . ";
-
-inline constexpr std::size_t kNumber = 0;
-inline constexpr std::size_t kExact = 5;
-inline constexpr std::size_t kCountC = 14;
-inline constexpr std::size_t kCountH = 17;
-inline constexpr std::size_t kCountN = 20;
-inline constexpr std::size_t kCountO = 23;
-inline constexpr std::size_t kM1 = 26;
-inline constexpr std::size_t kM2 = 33;
-inline constexpr std::size_t kRdb = 40;
 
 inline constexpr CellMask kNumberMask("####)");
 inline constexpr CellMask kExactMask(" ###.0000");
 inline constexpr CellMask kCountMask(" ##");
 inline constexpr CellMask kPeakMask(" ###.00");
 inline constexpr CellMask kRdbMask(" ##.0");
+
+inline constexpr std::size_t kNumber = 0;
+inline constexpr std::size_t kExact = kNumber + kNumberMask.text.size();
+inline constexpr std::size_t kCountC = kExact + kExactMask.text.size();
+inline constexpr std::size_t kCountH = kCountC + kCountMask.text.size();
+inline constexpr std::size_t kCountN = kCountH + kCountMask.text.size();
+inline constexpr std::size_t kCountO = kCountN + kCountMask.text.size();
+inline constexpr std::size_t kM1 = kCountO + kCountMask.text.size();
+inline constexpr std::size_t kM2 = kM1 + kPeakMask.text.size();
+inline constexpr std::size_t kRdb = kM2 + kPeakMask.text.size();
+inline constexpr std::size_t kRowWidth = kRdb + kRdbMask.text.size();
+
+/// The row without its digits: only the bracket and the points.
+inline constexpr auto kBlankRow = [] {
+  std::array<char, kRowWidth> row{};
+  row.fill(' ');
+  row[kNumber + kNumberMask.places] = ')';
+  row[kExact + kExactMask.places] = row[kM1 + kPeakMask.places] = '.';
+  row[kM2 + kPeakMask.places] = row[kRdb + kRdbMask.places] = '.';
+  return row;
+}();
 
 }  // namespace peakwright

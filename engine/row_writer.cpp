@@ -1,18 +1,14 @@
 #include "engine/row_writer.h"
 
 #include <algorithm>
-#include <cstring>
 
 #include "engine/cell_writer.h"
-#include "engine/global_strings.h"
 #include "engine/row_layout.h"
 
 namespace peakwright {
 namespace {
 
 constexpr std::int64_t kFewAtoms = 9999;  // of an element
-
-constexpr std::int64_t kRowsHandedOver = 512;  // few enough to stay in a processor's cache
 
 /// Writes value `i` of a column; `kPlain` if that is known to be plain.
 template <const CellMask& kMask, bool kPlain>
@@ -23,20 +19,13 @@ void WriteValue(char* cell, const FormulaBatch::Column& column, std::size_t i) {
 
 }  // namespace
 
-RowWriter::RowWriter(const SearchInput& input, const Found& found, const TextSink& sink)
+RowWriter::RowWriter(const SearchInput& input, const Found& found,
+                     const std::function<void(std::string_view)>& take)
     : masses_(input.elements, input.remainingMass),
       sums_(input.elements, input.totals),
       nitrogenRule_(input.nitrogenRule),
       allValid_(found.allValid),
-      sink_(sink),
-      rowLength_(RowLength()) {
-  constexpr std::int64_t kFewest = FormulaBatch::kCapacity;
-  const auto blankRows = static_cast<std::size_t>(std::clamp(found.rows, kFewest, kRowsHandedOver));
-  block_.resize(blankRows * rowLength_);
-  Blank();
-}
-
-std::size_t RowWriter::RowLength() { return kBlankRow.size() + Module1::CR.size(); }
+      buffer_(found.rows, FormulaBatch::kCapacity, take) {}
 
 void RowWriter::Append(const FormulaSeries& series) {
   const double mostH = masses_.Left(static_cast<double>(series.c), static_cast<double>(series.o),
@@ -56,7 +45,7 @@ void RowWriter::Append(const FormulaSeries& series) {
 void RowWriter::Finish() {
   if (batch_.size > 0) KeepValid();
   if (batch_.size > 0) AppendBatch();
-  HandOver();
+  buffer_.HandOver();
 }
 
 void RowWriter::KeepValid() {
@@ -65,26 +54,22 @@ void RowWriter::KeepValid() {
 
 void RowWriter::AppendBatch() {
   batch_.WorkOut(masses_, sums_);
-  MakeRoom(batch_.size);
-  const bool digits = batch_.exact.plain && batch_.m1.plain && batch_.m2.plain && batch_.rdb.plain;
-  if (batch_.fewAtoms && digits) {
-    AppendRows<true>();
-  } else {
-    AppendRows<false>();
-    spoiled_ = true;
-  }
+  const bool plain = batch_.fewAtoms && batch_.exact.plain && batch_.m1.plain && batch_.m2.plain &&
+                     batch_.rdb.plain;
+  char* const row = buffer_.NextRows(batch_.size);
+  buffer_.Written(plain ? WriteRows<true>(row) : WriteRows<false>(row), !plain);
   batch_.size = batch_.valid = 0;
   batch_.fewAtoms = true;
 }
 
+/// Writes the rows of the batch from `row` on, and tells where they end.
 template <bool kPlain>
-void RowWriter::AppendRows() {
+char* RowWriter::WriteRows(char* row) {
   // What the loop reads is local: for all the compiler knows, a row could overlap the members.
   const FormulaBatch& batch = batch_;
   const std::size_t size = batch.size;
-  const std::size_t rowLength = rowLength_;
-  char* row = row_;
-  std::int64_t number = rowNumber_;
+  const std::size_t rowLength = RowBuffer::RowLength();
+  std::uint64_t number = rowNumber_;
   for (std::size_t i = 0; i < size; ++i) {
     WriteValue<kRdbMask, kPlain>(row + kRdb, batch.rdb, i);
     WriteValue<kPeakMask, kPlain>(row + kM2, batch.m2, i);
@@ -98,31 +83,11 @@ void RowWriter::AppendRows() {
     write(kCountH, batch.h[i]);
     write(kCountC, batch.c[i]);
     WriteValue<kExactMask, kPlain>(row + kExact, batch.exact, i);
-    WriteWhole(row + kNumber, kNumberMask, ShownCount(++number));
+    WriteWhole(row + kNumber, kNumberMask, ShownWhole(++number));
     row += rowLength;
   }
-  row_ = row;
   rowNumber_ = number;
-}
-
-void RowWriter::MakeRoom(std::size_t rows) {
-  const auto room = static_cast<std::size_t>(block_.data() + block_.size() - row_);
-  if (room < rows * rowLength_) HandOver();
-}
-
-void RowWriter::HandOver() {
-  sink_({block_.data(), static_cast<std::size_t>(row_ - block_.data())});
-  if (spoiled_) Blank();
-  row_ = block_.data();
-}
-
-void RowWriter::Blank() {
-  for (std::size_t start = 0; start < block_.size(); start += rowLength_) {
-    std::memcpy(&block_[start], kBlankRow.data(), kBlankRow.size());
-    std::memcpy(&block_[start + kBlankRow.size()], Module1::CR.data(), Module1::CR.size());
-  }
-  row_ = block_.data();
-  spoiled_ = false;
+  return row;
 }
 
 }  // namespace peakwright

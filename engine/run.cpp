@@ -3,8 +3,8 @@
 #include <cstdint>
 
 #include "engine/elements.h"
+#include "engine/listing.h"
 #include "engine/number_text.h"
-#include "engine/report.h"
 #include "engine/search.h"
 #include "engine/sums.h"
 
@@ -22,7 +22,7 @@ AdditionalTotals TakeAdditionalAtoms(RunControls& controls, const Elements& elem
     const auto atoms = static_cast<double>(count);
     remainingMass =
         Truncate(static_cast<double>(remainingMass) - double{elements.unitMass[i]} * atoms);
-    totals.Add(Atom(elements, i), atoms);
+    totals.Add(Element(elements, i), atoms);
     if (count > 0) controls.Print(Str(count) + " " + elements.elementName[i]);
   }
   return totals;
@@ -31,13 +31,13 @@ AdditionalTotals TakeAdditionalAtoms(RunControls& controls, const Elements& elem
 /// The sentence that a search without a listed formula ends with; empty after any other.
 std::string Message(const SearchInput& input, const Found& found) {
   const std::string mass = Str(input.remainingMass);
-  switch (found.result) {
-    case SearchResult::kComplete:
+  switch (found.end) {
+    case SearchEnd::kComplete:
       return found.rows == 0 ? "There are no valid combinations." : "";
-    case SearchResult::kTooManyRows:
+    case SearchEnd::kTooManyRows:
       return "There are more valid combinations for mass " + mass + " than the limit of " +
              Str(input.limits.rows) + ".";
-    case SearchResult::kTooManyPasses:
+    case SearchEnd::kTooManyPasses:
       return "There are more combinations to try for mass " + mass + " than the limit of " +
              Str(input.limits.passes) + ".";
   }
@@ -51,7 +51,7 @@ void PrintListing(RunControls& controls, const SearchInput& input, RunOutcome& o
 
   outcome.nitrogenRule = input.nitrogenRule;
   outcome.message = Message(input, found);
-  if (found.result == SearchResult::kComplete) {
+  if (found.end == SearchEnd::kComplete) {
     controls.Print(Listing(input, found));
     outcome.rows = found.rows;
   }

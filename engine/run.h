@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "engine/element_table.h"
-#include "engine/report.h"
+#include "engine/listing.h"
 #include "engine/search.h"
 
 namespace peakwright {

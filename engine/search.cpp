@@ -1,6 +1,7 @@
 #include "engine/search.h"
 
 #include <algorithm>
+#include <cassert>
 #include <limits>
 #include <numeric>
 
@@ -107,6 +108,7 @@ std::size_t ExpectedPairs(std::int64_t maxC, std::int64_t maxO, std::int64_t lim
 }  // namespace
 
 Found Search(const SearchInput& input) {
+  assert(input.remainingMass > 0);
   Found found;
   const UnitMasses masses(input.elements, input.remainingMass);
   if (masses.ofC <= 0 || masses.ofO <= 0 || masses.ofN <= 0) return found;
@@ -135,13 +137,13 @@ Found Search(const SearchInput& input) {
       candidates.Lower(range, o == 0 ? fallByC : fallByO);
       if (o == 0) ofC = range;
       const std::int64_t tried = range.Size();
-      if (tried >= passesLeft) return {SearchResult::kTooManyPasses, 0, {}, false};
+      if (tried >= passesLeft) return {SearchEnd::kTooManyPasses, 0, {}, false};
       passesLeft -= 1 + tried;
 
       const std::int64_t valid =
           found.allValid ? tried : candidates.CountValid(range, input.nitrogenRule);
       found.rows += valid;
-      if (found.rows > input.limits.rows) return {SearchResult::kTooManyRows, 0, {}, false};
+      if (found.rows > input.limits.rows) return {SearchEnd::kTooManyRows, 0, {}, false};
       if (valid > 0) found.series.push_back({c, o, range.first, range.end - 1});
     }
   }

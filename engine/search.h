@@ -32,19 +32,20 @@ struct FormulaSeries {
   std::int64_t lastN;
 };
 
-enum class SearchResult { kComplete, kTooManyRows, kTooManyPasses };
+/// How a search ended: with all there is, or as one of its limits was passed.
+enum class SearchEnd { kComplete, kTooManyRows, kTooManyPasses };
 
 /// What a search found.
 struct Found {
-  SearchResult result = SearchResult::kComplete;
+  SearchEnd end = SearchEnd::kComplete;
   std::int64_t rows = 0;              ///< number of valid formulas
   std::vector<FormulaSeries> series;  ///< in which they are, by rising C, then O
   bool allValid = false;              ///< all formulas of the series are valid
 };
 
 /// Finds the formulas of C, H, N and O that make up the remaining mass in unit masses and are
-/// valid. A unit mass of 0 or below for C, N or O allows none. Where the result isn't kComplete, a
-/// limit was passed and the rest is of no use.
+/// valid. A unit mass of 0 or below for C, N or O allows none. Where the end isn't kComplete, the
+/// rest is of no use.
 Found Search(const SearchInput& input);
 
 }  // namespace peakwright

@@ -11,9 +11,9 @@
 namespace peakwright {
 
 /// One element's numbers, widened to Double, and what `count` of its atoms add to the sums.
-class Atom {
+class Element {
  public:
-  Atom(const Elements& elements, std::size_t index)
+  Element(const Elements& elements, std::size_t index)
       : exactMass_(elements.exactMass[index]),
         valence_(elements.valence[index]),
         peakM1_(elements.peakM1[index]),
@@ -39,7 +39,7 @@ class Atom {
 /// What the additional atoms contribute to every formula of a run.
 struct AdditionalTotals {
   /// Adds `count` atoms, which may be none or fewer. Atoms without a valence change no RDB.
-  void Add(const Atom& atom, double count);
+  void Add(const Element& element, double count);
 
   float addedExact = 0;
   float addedM1 = 0;
@@ -81,13 +81,15 @@ class Sums {
     return Sum(carbon_.M1(c), hydrogen_.M1(h), nitrogen_.M1(n), oxygen_.M1(o), totals_.addedM1);
   }
 
-  /// M+2, percent of M, of a formula whose M+1 is `m1`.
+  /// M+2, percent of M, of a formula whose M+1 is `m1`: what isotopes of two units more add, and
+  /// each pair of atoms that are both one unit heavier. That is the second coefficient of the
+  /// product of 1 + (M+1) x + (M+2) x^2 of all atoms (J. A. Yergey, Int. J. Mass Spectrom. Ion
+  /// Phys. 52 (1983), 337), in which the sum over pairs is (square of the sum - sum of the squares)
+  /// / 2.
   float M2(float m1, double c, double h, double n, double o) const {
     const float squares = Sum(carbon_.M1Squares(c), hydrogen_.M1Squares(h), nitrogen_.M1Squares(n),
                               oxygen_.M1Squares(o), totals_.addedM1Squares);
-    // The pairs of different atoms that are one mass unit heavier each; m1 * m1 is worked in
-    // Single.
-    const float m1Squared = m1 * m1;
+    const float m1Squared = m1 * m1;  // a Single, too
     const double pairs = (double{m1Squared} / 100 - double{squares} / 100) / 2;
     return Sum(pairs + carbon_.M2(c), hydrogen_.M2(h), nitrogen_.M2(n), oxygen_.M2(o),
                totals_.addedM2);
@@ -98,10 +100,10 @@ class Sums {
     return static_cast<float>((((c + h) + n) + o) + added);
   }
 
-  Atom carbon_;
-  Atom hydrogen_;
-  Atom nitrogen_;
-  Atom oxygen_;
+  Element carbon_;
+  Element hydrogen_;
+  Element nitrogen_;
+  Element oxygen_;
   AdditionalTotals totals_;
 };
 

@@ -4,6 +4,7 @@
 
 namespace peakwright {
 
+/// A colour, and what the system says of colours.
 struct Color {
   std::uint32_t rgb = 0;  ///< 0xRRGGBB
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cassert>
 #include <cstddef>
 #include <memory>
 
@@ -21,7 +22,10 @@ class ControlArray {
   }
 
   /// `index` is in 0 to Count - 1.
-  Control& operator()(int index) const { return *controls_[static_cast<std::size_t>(index)]; }
+  Control& operator()(int index) const {
+    assert(index >= 0 && static_cast<std::size_t>(index) < Count);
+    return *controls_[static_cast<std::size_t>(index)];
+  }
 
  private:
   std::array<std::unique_ptr<Control>, Count> controls_;

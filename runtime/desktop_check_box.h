@@ -6,6 +6,7 @@
 
 namespace peakwright {
 
+/// A box that the user ticks and unticks, with its caption beside it.
 class DesktopCheckBox : public DesktopUIControl {
  public:
   DesktopCheckBox(DesktopWindow& window, const ControlLayout& layout);

@@ -1,5 +1,7 @@
 #include "runtime/desktop_label.h"
 
+#include <cassert>
+
 #include <QEvent>
 #include <QFontInfo>
 #include <QFontMetrics>
@@ -108,6 +110,7 @@ DesktopLabel::DesktopLabel(DesktopWindow& window, const ControlLayout& layout)
 }
 
 void DesktopLabel::Text(std::string_view text, TextRange quoted) {
+  assert(quoted.From + quoted.Length <= text.size());
   text_ = text;
   QString shown = Harmless(text.substr(0, quoted.From));
   const QString end = Harmless(text.substr(quoted.From + quoted.Length));

@@ -90,7 +90,7 @@ void DesktopMenuItem::HasCheckMark(bool marked) {
   action_->setChecked(marked);
 }
 
-void DesktopMenuItem::AddMenu(std::unique_ptr<DesktopMenuItem> item) {
+void DesktopMenuItem::AddItem(std::unique_ptr<DesktopMenuItem> item) {
   NativeMenu().addAction(item->action_.get());
   QObject::connect(&NativeMenu(), &QMenu::aboutToShow, item->action_.get(), [added = item.get()] {
     if (added->canAct_) added->action_->setEnabled(added->canAct_());

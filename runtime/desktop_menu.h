@@ -37,7 +37,7 @@ class DesktopMenuItem {
   bool HasCheckMark() const { return marked_; }
   void HasCheckMark(bool marked);
 
-  void AddMenu(std::unique_ptr<DesktopMenuItem> item);
+  void AddItem(std::unique_ptr<DesktopMenuItem> item);
   DesktopMenuItem* Child(std::string_view name) const;   ///< A direct child, or null.
   DesktopMenuItem* Lookup(std::string_view name) const;  ///< Any item below, or null.
 

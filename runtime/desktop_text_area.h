@@ -11,8 +11,8 @@
 
 namespace peakwright {
 
-/// An editable area of plain text in one font. Chr(13) and Chr(10) both end a line, and stay what
-/// they are. Lines are displayed lines, counted from 0; a wrapped paragraph has several.
+/// An editable area of plain text in one font. Carriage return and line feed both end a line, and
+/// stay what they are. Lines are displayed lines, counted from 0; a wrapped paragraph has several.
 class DesktopTextArea : public DesktopTextControl {
  public:
   DesktopTextArea(DesktopWindow& window, const ControlLayout& layout);

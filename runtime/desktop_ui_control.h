@@ -18,8 +18,8 @@ class DesktopUIControl {
   DesktopUIControl& operator=(const DesktopUIControl&) = delete;
   virtual ~DesktopUIControl();
 
-  int Left() const;
-  int Top() const;
+  int Left() const;  ///< From the left edge of the window's content, pixels at 100 %.
+  int Top() const;   ///< From the top of the window's content.
   int Width() const;
   void Width(int pixels);  ///< Below 0 counts as 0.
   int Height() const;

@@ -37,7 +37,7 @@ class DesktopWindow::NativeWindow : public QMainWindow {
         canClose_(layout.HasCloseButton),
         resizeable_(layout.Resizeable) {
     setWindowTitle(ToQString(layout.Title));
-    setCentralWidget(std::make_unique<QWidget>().release());
+    setCentralWidget(new QWidget(this));
     centralWidget()->setMinimumSize(layout.MinimumWidth, layout.MinimumHeight);
     centralWidget()->setMaximumSize(layout.MaximumWidth, layout.MaximumHeight);
     centralWidget()->installEventFilter(this);

@@ -21,11 +21,11 @@ class DesktopWindow : public ImplicitInstance {
   DesktopWindow& operator=(const DesktopWindow&) = delete;
   ~DesktopWindow() override;
 
-  int Left() const;
+  int Left() const;  ///< Of the frame, from the left edge of the main display, pixels at 100 %.
   void Left(int pixels);
-  int Top() const;
+  int Top() const;  ///< Of the frame, from the top of the main display.
   void Top(int pixels);
-  int Width() const;   ///< Of the content.
+  int Width() const;   ///< Of the content, pixels at 100 %.
   int Height() const;  ///< Of the content.
 
   /// Brings the window on screen and to the front, and gives the focus to its first control.

@@ -4,7 +4,7 @@
 #include <string_view>
 
 /// Plain records that say how a window and its controls look at first. Lengths, places and font
-/// sizes are in pixels at 100 % (1/72 inch); colours are 0xRRGGBB.
+/// sizes are in pixels at 100 %; colours are 0xRRGGBB.
 namespace peakwright {
 
 enum class WindowType {

@@ -9,9 +9,9 @@ namespace peakwright {
 
 class Graphics;
 
-/// Flows a text into blocks, top to bottom. Lines end at Chr(13), at Chr(10), and between words at
-/// the width of the block; none is cut through. White space at the end of the text is left out, so
-/// that it takes no page of its own.
+/// Flows a text into blocks, top to bottom. Lines end at carriage returns, at line feeds, and
+/// between words at the width of the block; none is cut through. White space at the end of the text
+/// is left out, so that it takes no page of its own.
 class StyledTextPrinter {
  public:
   StyledTextPrinter(const StyledTextPrinter&) = delete;

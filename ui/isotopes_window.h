@@ -12,15 +12,15 @@ namespace peakwright {
 /// "Isotopes": shows the element table, which lives here, on screen or hidden.
 class Window3 : public DesktopWindow {
  private:
-  ElementTable elements_;
-  ElementCells cells_{elements_};
+  ElementTable table_;
+  ElementCells cells_{table_};
 
  public:
   Window3();
   static Window3& Instance();
 
   /// The table that every run reads. It is changed through ListBox1 only.
-  const ElementTable& Elements() const { return elements_; }
+  const ElementTable& Table() const { return table_; }
 
   DesktopListBox ListBox1;
   DesktopButton PushButton1;  ///< Close

@@ -35,7 +35,7 @@ Menu::Menu() {
       AddMenu(std::move(item));
       title = Child(layout.Name);
     } else {
-      title->AddMenu(std::move(item));
+      title->AddItem(std::move(item));
     }
   }
 }

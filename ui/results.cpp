@@ -12,7 +12,7 @@ namespace {
 /// The controls of the windows, as a run reads and writes them.
 class WindowControls : public RunControls {
  public:
-  const ElementTable& Table() override { return Window3::Instance().Elements(); }
+  const ElementTable& Table() override { return Window3::Instance().Table(); }
   std::string MassText() override { return TextWindow::Instance().textfield1.Text(); }
   void MassText(const std::string& text) override { TextWindow::Instance().textfield1.Text(text); }
   bool AdditionalElements() override { return TextWindow::Instance().CheckBox2.Value(); }
@@ -32,7 +32,7 @@ void Module1::Print(std::string_view text) {
 
 void Module1::Print(const Listing& listing) {
   DesktopTextArea& results = TextWindow::Instance().textfield2;
-  results.SelectedText(listing.Length(), [&listing](const TextSink& sink) { listing.Write(sink); });
+  results.SelectedText(listing.Length(), [&listing](const auto& take) { listing.Write(take); });
   results.SelectedText("\r");
 }
 

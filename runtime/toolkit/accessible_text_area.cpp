@@ -180,7 +180,7 @@ class AccessibleTextArea : public QAccessibleWidget,
 
 QAccessibleInterface* Make(const QString&, QObject* object) {
   auto* view = dynamic_cast<TextAreaView*>(object);
-  return view == nullptr ? nullptr : std::make_unique<AccessibleTextArea>(*view).release();
+  return view == nullptr ? nullptr : new AccessibleTextArea(*view);
 }
 
 }  // namespace

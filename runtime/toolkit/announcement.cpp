@@ -55,9 +55,9 @@ void Send(QWidget& window, const QString& text) {
   const QString kind = QStringLiteral("notification");
   const std::unique_ptr<QObject> former(
       window.findChild<QObject*>(kind, Qt::FindDirectChildrenOnly));
-  auto* object = std::make_unique<QObject>(&window).release();
+  auto* object = new QObject(&window);
   object->setObjectName(kind);
-  QAccessible::registerAccessibleInterface(std::make_unique<Notification>(*object, text).release());
+  QAccessible::registerAccessibleInterface(new Notification(*object, text));
   QAccessibleEvent shown(object, QAccessible::ObjectShow);
   QAccessible::updateAccessibility(&shown);
 }
@@ -75,7 +75,7 @@ void Announce(QWidget& window, std::string_view text) {
   }
   // What a screen reader says of a window that comes forward would cut the words short.
   constexpr auto kLongestWait = std::chrono::milliseconds(300);
-  auto* wait = std::make_unique<QTimer>(&window).release();
+  auto* wait = new QTimer(&window);
   wait->setSingleShot(true);
   QObject::connect(qGuiApp, &QGuiApplication::focusWindowChanged, wait, [wait](QWindow* front) {
     if (front != nullptr) wait->start(0);

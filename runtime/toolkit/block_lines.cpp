@@ -2,17 +2,15 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <memory>
 
 #include "runtime/toolkit/document_text.h"
 
 namespace peakwright {
 
 BlockLines& BlockLines::Note(QTextBlock block, const BlockLines& known) {
-  auto noted = std::make_unique<BlockLines>(known);
-  BlockLines& result = *noted;
-  block.setUserData(noted.release());
-  return result;
+  auto* noted = new BlockLines(known);
+  block.setUserData(noted);
+  return *noted;
 }
 
 BlockLines BlockLines::Read(QStringView text) {

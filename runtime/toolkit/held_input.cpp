@@ -1,5 +1,6 @@
 #include "runtime/toolkit/held_input.h"
 
+#include <cassert>
 #include <memory>
 #include <utility>
 
@@ -72,6 +73,7 @@ void HeldInput::Hold() {
 }
 
 void HeldInput::Release() {
+  assert(waits_ > 0);
   if (--waits_ == 0)
     QMetaObject::invokeMethod(
         this, [this] { LetGo(); }, Qt::QueuedConnection);

@@ -59,7 +59,7 @@ class HeldStill {
 
 TextAreaView::TextAreaView() {
   InstallAccessibleTextArea();
-  verticalScrollBar()->setAccessibleName(tr("Vertical scroll bar"));
+  verticalScrollBar()->setAccessibleName(QStringLiteral("Vertical scroll bar"));
   setTabChangesFocus(true);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -176,23 +176,23 @@ void TextAreaView::changeEvent(QEvent* event) {
 void TextAreaView::contextMenuEvent(QContextMenuEvent* event) {
   QMenu menu;
   const bool selected = textCursor().hasSelection();
-  menu.addAction(tr("Undo"), this, &TextAreaView::Undo)->setEnabled(CanUndo());
-  menu.addAction(tr("Redo"), this, &TextAreaView::Redo)->setEnabled(CanRedo());
+  menu.addAction(QStringLiteral("Undo"), this, &TextAreaView::Undo)->setEnabled(CanUndo());
+  menu.addAction(QStringLiteral("Redo"), this, &TextAreaView::Redo)->setEnabled(CanRedo());
   menu.addSeparator();
-  menu.addAction(tr("Cut"), this, &QPlainTextEdit::cut)->setEnabled(selected);
-  menu.addAction(tr("Copy"), this, &QPlainTextEdit::copy)->setEnabled(selected);
-  menu.addAction(tr("Paste"), this, &QPlainTextEdit::paste)->setEnabled(canPaste());
+  menu.addAction(QStringLiteral("Cut"), this, &QPlainTextEdit::cut)->setEnabled(selected);
+  menu.addAction(QStringLiteral("Copy"), this, &QPlainTextEdit::copy)->setEnabled(selected);
+  menu.addAction(QStringLiteral("Paste"), this, &QPlainTextEdit::paste)->setEnabled(canPaste());
   menu.addSeparator();
-  menu.addAction(tr("Select All"), this, &QPlainTextEdit::selectAll);
+  menu.addAction(QStringLiteral("Select All"), this, &QPlainTextEdit::selectAll);
   menu.exec(event->globalPos());
 }
 
 QMimeData* TextAreaView::createMimeDataFromSelection() const {
   QString text = textCursor().selectedText();
   text.replace(QChar::ParagraphSeparator, u'\n').replace(kLineFeed, u'\n');
-  auto copied = std::make_unique<QMimeData>();
+  auto* copied = new QMimeData;  // The caller's.
   copied->setText(text);
-  return copied.release();
+  return copied;
 }
 
 void TextAreaView::insertFromMimeData(const QMimeData* source) {
@@ -203,7 +203,7 @@ void TextAreaView::insertFromMimeData(const QMimeData* source) {
 
 std::unique_ptr<QTextDocument> TextAreaView::NewDocument() {
   auto made = std::make_unique<QTextDocument>();
-  made->setDocumentLayout(std::make_unique<LineCountingLayout>(made.get()).release());
+  made->setDocumentLayout(new LineCountingLayout(made.get()));
   made->setDefaultFont(font());
   // A new step after an Undo leaves nothing to redo.
   connect(made.get(), &QTextDocument::undoCommandAdded, this, [this] { later_.reset(); });

@@ -24,7 +24,7 @@ class TextAreaView : public QPlainTextEdit {
 
   /// The whole text in UTF-8, with each line end as it went in.
   std::string Text() const;
-  /// Replaces the whole text. Undo brings the former text back, the one before it not.
+  /// Replaces the whole text. Undo brings the former text back, but none that was replaced before.
   void ReplaceText(std::string_view text);
   /// Replaces the selection, or inserts at the insertion point, and leaves the insertion point
   /// behind the text. Doesn't scroll. Throws std::length_error if the text would grow past what

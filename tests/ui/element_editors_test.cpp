@@ -186,10 +186,10 @@ TEST(ElementEditors, PlaceThemselvesOnceBesideTheMainWindow) {
     ChooseRow(1);
     const int screen = QApplication::primaryScreen()->geometry().width();
     Window1& counts = Window1::Instance();
-    EXPECT_EQ(counts.Left(), std::min(main.Left() + 505, screen - 225));
+    EXPECT_EQ(counts.Left(), std::min(main.Left() + 500 + 5, screen - 225));
     EXPECT_EQ(counts.Top(), main.Top());
-    EXPECT_EQ(Window2::Instance().Left(), std::min(counts.Left() + 230, screen - 225));
-    EXPECT_EQ(Window3::Instance().Left(), std::min(main.Left() + 505, screen - 478));
+    EXPECT_EQ(Window2::Instance().Left(), std::min(counts.Left() + 225 + 5, screen - 225));
+    EXPECT_EQ(Window3::Instance().Left(), std::min(main.Left() + 500 + 5, screen - 478));
     EXPECT_EQ(Window3::Instance().Top(), 400);
     const int stood = counts.Left();
     main.Left(left + 25);

@@ -77,7 +77,7 @@ TEST(Monkey, LeavesTheProgramStanding) {
   Program program;
   TextWindow& main = program.Main();
   const std::string listing = ListingOf58(main);
-  const ElementTable table = Window3::Instance().Elements();
+  const ElementTable table = Window3::Instance().Table();
   // Greater masses and longer results take their time, and show nothing new.
   static_cast<QLineEdit&>(*ToolkitSide::Of(main.textfield1)).setMaxLength(3);
   QApplication::clipboard()->setText(QStringLiteral("C₆H₆\r\n\t∑🧪"));

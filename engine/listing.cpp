@@ -1,6 +1,8 @@
-#include "engine/report.h"
+#include "engine/listing.h"
 
 #include "engine/format.h"
+#include "engine/row_buffer.h"
+#include "engine/row_writer.h"
 
 namespace peakwright {
 
@@ -14,12 +16,12 @@ Listing::Listing(const SearchInput& input, const Found& found) : input_(input), 
 }
 
 std::size_t Listing::Length() const {
-  return head_.size() + static_cast<std::size_t>(found_.rows) * RowWriter::RowLength();
+  return head_.size() + static_cast<std::size_t>(found_.rows) * RowBuffer::RowLength();
 }
 
-void Listing::Write(const TextSink& sink) const {
-  sink(head_);
-  RowWriter rows(input_, found_, sink);
+void Listing::Write(const std::function<void(std::string_view)>& take) const {
+  take(head_);
+  RowWriter rows(input_, found_, take);
   for (const FormulaSeries& series : found_.series) rows.Append(series);
   rows.Finish();
 }

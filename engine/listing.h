@@ -1,9 +1,10 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
+#include <string_view>
 
-#include "engine/row_writer.h"
 #include "engine/search.h"
 
 namespace peakwright {
@@ -18,8 +19,8 @@ class Listing {
   /// Length of the text in bytes.
   std::size_t Length() const;
 
-  /// Writes the text into `sink`. A piece of it ends with a line.
-  void Write(const TextSink& sink) const;
+  /// Calls `take` with the text, piece by piece. A piece ends with a line.
+  void Write(const std::function<void(std::string_view)>& take) const;
 
  private:
   const SearchInput& input_;
