@@ -1,8 +1,5 @@
 #include "runtime/toolkit/appearance.h"
 
-#include <algorithm>
-#include <cmath>
-
 #include <QApplication>
 #include <QColor>
 #include <QPalette>
@@ -10,19 +7,12 @@
 #include <QWidget>
 
 #include "runtime/color.h"
+#include "runtime/toolkit/contrast.h"
 
 namespace peakwright {
 namespace {
 
 constexpr double kReadable = 4.5;  // The least contrast of text (WCAG 2.1, level AA).
-
-double Luminance(const QColor& color) {
-  const auto linear = [](double channel) {
-    return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
-  };
-  return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
-         0.0722 * linear(color.blueF());
-}
 
 bool IsDark(const QPalette& palette) {
   return palette.color(QPalette::WindowText).lightness() >
@@ -51,11 +41,6 @@ bool Color::IsDarkMode() { return IsDark(QApplication::palette()); }
 
 void ShowAppearance(bool dark) {
   QApplication::setPalette(dark ? DarkPalette() : QApplication::style()->standardPalette());
-}
-
-double Contrast(const QColor& one, const QColor& other) {
-  const auto [darker, lighter] = std::minmax({Luminance(one), Luminance(other)});
-  return (lighter + 0.05) / (darker + 0.05);
 }
 
 void FixFieldColors(QWidget& field, std::uint32_t text, std::uint32_t background) {

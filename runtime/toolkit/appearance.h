@@ -2,16 +2,12 @@
 
 #include <cstdint>
 
-class QColor;
 class QWidget;
 
 namespace peakwright {
 
 /// Gives the program the dark or the light appearance.
 void ShowAppearance(bool dark);
-
-/// Contrast of two colours, from 1 to 21 (WCAG 2.1, contrast ratio).
-double Contrast(const QColor& one, const QColor& other);
 
 /// Gives a field its two fixed colours, which hold in every appearance.
 void FixFieldColors(QWidget& field, std::uint32_t text, std::uint32_t background);

@@ -9,7 +9,7 @@
 #include <QPainter>
 #include <QStyleOption>
 
-#include "runtime/toolkit/appearance.h"
+#include "runtime/toolkit/contrast.h"
 
 namespace peakwright {
 namespace {

@@ -15,6 +15,7 @@
 #include <gtest/gtest.h>
 
 #include "runtime/color.h"
+#include "runtime/toolkit/contrast.h"
 #include "tests/support/program.h"
 #include "update/update_window.h"
 
