@@ -57,10 +57,10 @@ class DesktopApplication {
   void Raise(const std::function<void()>& handler);
   /// The one `Instance`, made of the arguments and opened at the first call.
   template <class Instance, class... Arguments>
-  Instance& Implicit(const Arguments&... arguments) {
+  Instance& Implicit(Arguments&&... arguments) {
     const std::type_index type = typeid(Instance);
     if (ImplicitInstance* present = Find(type)) return static_cast<Instance&>(*present);
-    auto made = std::make_unique<Instance>(arguments...);
+    auto made = std::make_unique<Instance>(std::forward<Arguments>(arguments)...);
     Instance& instance = *made;
     instances_.emplace_back(type, std::move(made));
     instance.Open();

@@ -48,8 +48,8 @@ WindowDownload::WindowDownload(UpdateSurroundings surroundings)
   };
 }
 
-WindowDownload& WindowDownload::Instance(const UpdateSurroundings& surroundings) {
-  return DesktopApplication::Current().Implicit<WindowDownload>(surroundings);
+WindowDownload& WindowDownload::Instance(UpdateSurroundings surroundings) {
+  return DesktopApplication::Current().Implicit<WindowDownload>(std::move(surroundings));
 }
 
 void WindowDownload::Event_Opening() {

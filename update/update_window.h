@@ -32,7 +32,7 @@ class WindowDownload : public DesktopWindow {
   explicit WindowDownload(UpdateSurroundings surroundings);
 
   /// The open window, or a new one, which comes on screen when its check has been made.
-  static WindowDownload& Instance(const UpdateSurroundings& surroundings = {});
+  static WindowDownload& Instance(UpdateSurroundings surroundings = {});
 
   DesktopProgressBar ProgressBar1;
   DesktopLabel StaticText2;
