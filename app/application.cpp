@@ -26,9 +26,7 @@ void App::Event_Opening() {
 }
 
 void App::MakeDefaultView() {
-  TextWindow::Instance().CheckForUpdates = [this] {
-    WindowDownload::Instance(surroundings_).Show();
-  };
+  TextWindow::Instance().CheckForUpdates = [this] { WindowDownload::ShowIn(surroundings_); };
 }
 
 }  // namespace peakwright

@@ -48,8 +48,12 @@ WindowDownload::WindowDownload(UpdateSurroundings surroundings)
   };
 }
 
-WindowDownload& WindowDownload::Instance(UpdateSurroundings surroundings) {
-  return DesktopApplication::Current().Implicit<WindowDownload>(std::move(surroundings));
+void WindowDownload::ShowIn(const UpdateSurroundings& surroundings) {
+  DesktopApplication::Current().Implicit<WindowDownload>(surroundings).Show();
+}
+
+WindowDownload& WindowDownload::Instance() {
+  return DesktopApplication::Current().Implicit<WindowDownload>();
 }
 
 void WindowDownload::Event_Opening() {

@@ -29,10 +29,13 @@ struct UpdateSurroundings {
 /// fetches a newer version to the desktop if the user wants it.
 class WindowDownload : public DesktopWindow {
  public:
-  explicit WindowDownload(UpdateSurroundings surroundings);
+  explicit WindowDownload(UpdateSurroundings surroundings = {});
 
-  /// The open window, or a new one, which comes on screen when its check has been made.
-  static WindowDownload& Instance(UpdateSurroundings surroundings = {});
+  /// Brings the open window to the front, or opens one in these surroundings, which comes on screen
+  /// when its check has been made.
+  static void ShowIn(const UpdateSurroundings& surroundings);
+  /// The open window.
+  static WindowDownload& Instance();
 
   DesktopProgressBar ProgressBar1;
   DesktopLabel StaticText2;

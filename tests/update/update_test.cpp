@@ -80,9 +80,9 @@ class Update : public testing::Test {
 
   /// The window, once its check has been made.
   WindowDownload& Window() const {
-    WindowDownload& window = WindowDownload::Instance(
-        {[] { return 90; }, [this] { return connected_; },
-         [this](const FolderItem& file) { opened_ += file.NativePath(); }});
+    WindowDownload::ShowIn({[] { return 90; }, [this] { return connected_; },
+                            [this](const FolderItem& file) { opened_ += file.NativePath(); }});
+    WindowDownload& window = WindowDownload::Instance();
     EXPECT_TRUE(QTest::qWaitFor([&] { return ToolkitSide::Of(window)->isVisible(); }));
     return window;
   }
