@@ -68,9 +68,10 @@ inline std::uint32_t ShownWhole(std::uint64_t number) {
   return static_cast<std::uint32_t>(number < 10000 ? number : 10000 + number % 10000);
 }
 
-/// Likewise a count from 0 up, which a cell shows as the Single that is nearest.
+/// Likewise a count from 0 up, which a cell shows as the Single that is nearest. (It goes through
+/// its bits where it is large: 32-bit x86 wouldn't round it between two conversions.)
 inline std::uint32_t ShownCount(std::int64_t count) {
-  return ShownWhole(static_cast<std::uint64_t>(static_cast<float>(count)));
+  return static_cast<std::uint32_t>(Shown(static_cast<float>(count)));
 }
 
 /// Writes a number of at most 20000 by a mask without decimals, or before the point of one with.
