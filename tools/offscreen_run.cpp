@@ -12,7 +12,7 @@
 #include <QWidget>
 
 #include "app/application.h"
-#include "runtime/toolkit/toolkit_side.h"
+#include "runtime/application/toolkit_side.h"
 #include "ui/text_window.h"
 
 int main(int argc, char** argv) {

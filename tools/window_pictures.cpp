@@ -11,8 +11,8 @@
 #include <QWidget>
 
 #include "app/application.h"
-#include "runtime/toolkit/appearance.h"
-#include "runtime/toolkit/toolkit_side.h"
+#include "runtime/appearance/appearance.h"
+#include "runtime/application/toolkit_side.h"
 #include "ui/additional_elements_window.h"
 #include "ui/edit_element_window.h"
 #include "ui/isotopes_window.h"

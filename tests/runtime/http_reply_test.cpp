@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "runtime/toolkit/http_reply_reader.h"
+#include "runtime/transfers/http_reply_reader.h"
 
 namespace peakwright {
 namespace {

@@ -1,4 +1,4 @@
-#include "runtime/toolkit/monospaced_face.h"
+#include "runtime/appearance/monospaced_face.h"
 
 #include <QFont>
 #include <QFontMetricsF>

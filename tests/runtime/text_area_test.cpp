@@ -15,7 +15,7 @@
 #include <QTextLayout>
 #include <gtest/gtest.h>
 
-#include "runtime/toolkit/text_area_view.h"
+#include "runtime/text/text_area_view.h"
 
 namespace peakwright {
 namespace {

@@ -1,7 +1,7 @@
 // Runs tests of the desktop without a display, unless the environment names one.
 #include <gtest/gtest.h>
 
-#include "runtime/toolkit/guarded_application.h"
+#include "runtime/application/guarded_application.h"
 
 int main(int argc, char** argv) {
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -5,9 +5,9 @@
 #include <QKeySequence>
 #include <QWidget>
 
+#include "runtime/application/toolkit_side.h"
 #include "runtime/desktop_ui_control.h"
 #include "runtime/desktop_window.h"
-#include "runtime/toolkit/toolkit_side.h"
 
 namespace peakwright {
 

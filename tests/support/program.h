@@ -10,7 +10,7 @@
 #include <QWidget>
 
 #include "app/application.h"
-#include "runtime/toolkit/toolkit_side.h"
+#include "runtime/application/toolkit_side.h"
 #include "ui/additional_elements_window.h"
 #include "ui/edit_element_window.h"
 #include "ui/isotopes_window.h"

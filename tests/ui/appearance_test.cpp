@@ -1,6 +1,6 @@
 // How the windows look, measured on their pixels.
 
-#include "runtime/toolkit/appearance.h"
+#include "runtime/appearance/appearance.h"
 
 #include <QCheckBox>
 #include <QImage>
@@ -14,8 +14,8 @@
 #include <QStyleOptionButton>
 #include <gtest/gtest.h>
 
+#include "runtime/appearance/contrast.h"
 #include "runtime/color.h"
-#include "runtime/toolkit/contrast.h"
 #include "tests/support/program.h"
 #include "update/update_window.h"
 

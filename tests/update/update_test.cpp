@@ -7,8 +7,8 @@
 #include <QtTest>
 
 #include "engine/global_strings.h"
-#include "runtime/toolkit/appearance.h"
-#include "runtime/toolkit/toolkit_side.h"
+#include "runtime/appearance/appearance.h"
+#include "runtime/application/toolkit_side.h"
 #include "tests/update/tls_server.h"
 #include "update/update_window.h"
 

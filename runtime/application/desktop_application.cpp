@@ -1,0 +1,184 @@
+#include "runtime/desktop_application.h"
+
+#include <algorithm>
+#include <cassert>
+
+#if __has_include(<unistd.h>)
+#include <unistd.h>
+#else
+#include <process.h>
+#endif
+
+#include <QIcon>
+#include <QMessageBox>
+#include <QThread>
+
+#include "runtime/appearance/outlined_style.h"
+#include "runtime/appearance/system_appearance.h"
+#include "runtime/application/guarded_application.h"
+#include "runtime/application/held_input.h"
+#include "runtime/application/toolkit_side.h"
+#include "runtime/desktop_menu.h"
+#include "runtime/desktop_window.h"
+#include "runtime/speech/toolkit_messages.h"
+#include "runtime/text/toolkit_strings.h"
+#include "runtime/transfers/https_request.h"
+
+namespace peakwright {
+namespace {
+
+DesktopApplication* current = nullptr;
+int running = 0;  // Handlers and events of the toolkit that are on the stack.
+
+std::string Describe(const std::exception_ptr& caught) {
+  try {
+    std::rethrow_exception(caught);
+  } catch (const std::exception& error) {
+    return error.what();
+  } catch (...) {
+    return "unknown error";
+  }
+}
+
+}  // namespace
+
+/// One handler or event of the toolkit, from its call to its return.
+class DesktopApplication::Running {
+ public:
+  Running() { ++running; }
+  Running(const Running&) = delete;
+  Running& operator=(const Running&) = delete;
+  ~Running() {
+    if (--running == 0 && current != nullptr) current->EndReleased();
+  }
+};
+
+bool GuardedApplication::notify(QObject* receiver, QEvent* event) {
+  // Threads of the toolkit's own come by here too.
+  if (QThread::currentThread() != thread()) return QApplication::notify(receiver, event);
+  const DesktopApplication::Running underWay;
+  try {
+    return QApplication::notify(receiver, event);
+  } catch (...) {
+    if (current == nullptr) throw;
+    current->UnhandledException(Describe(std::current_exception()));
+    return false;
+  }
+}
+
+bool GuardedApplication::event(QEvent* event) {
+  // The toolkit would ask each window to close, and take one that stays for an objection.
+  if (event->type() == QEvent::Quit) {
+    exit(0);
+    return true;
+  }
+  return QApplication::event(event);
+}
+
+DesktopApplication::DesktopApplication(int& argc, char** argv,
+                                       const ApplicationIdentity& identity) {
+  assert(current == nullptr);
+  current = this;
+  if (QCoreApplication::instance() == nullptr) {
+    toolkit_ = std::make_unique<GuardedApplication>(argc, argv);
+    // As its last act the toolkit would wait for the look-up, for many seconds.
+    QObject::connect(toolkit_.get(), &QObject::destroyed, [this] {
+      if (HttpsRequest::HasLeftLookup()) _exit(exitCode_);
+    });
+  }
+  QGuiApplication::setQuitOnLastWindowClosed(false);
+  // Not as the display name, which the toolkit would add to the title of every window.
+  QGuiApplication::setApplicationName(ToQString(identity.Name));
+  QGuiApplication::setApplicationVersion(ToQString(identity.Version));
+  QGuiApplication::setDesktopFileName(ToQString(identity.Program));
+  QGuiApplication::setWindowIcon(QIcon::fromTheme(ToQString(identity.Program)));
+  FollowSystemAppearance();
+  OutlineControls();
+  SilenceAssistiveMessages();
+  input_ = std::make_unique<HeldInput>();
+}
+
+DesktopApplication::~DesktopApplication() {
+  exceptions_.reset();  // Before its parent, the document window.
+  ending_.clear();
+  // The youngest goes first: floating windows hang on the document window.
+  while (!instances_.empty()) instances_.pop_back();
+  input_.reset();
+  current = nullptr;
+  toolkit_.reset();
+}
+
+DesktopApplication& DesktopApplication::Current() {
+  assert(current != nullptr);
+  return *current;
+}
+
+void DesktopApplication::Start() {
+  Raise([this] { Event_Opening(); });
+  Raise([this] { MakeDefaultView(); });
+}
+
+int DesktopApplication::Run() {
+  Start();
+  exitCode_ = QCoreApplication::exec();
+  return exitCode_;
+}
+
+void DesktopApplication::Quit(int code) { QCoreApplication::exit(code); }
+
+void DesktopApplication::Raise(const std::function<void()>& handler) {
+  const Running call;
+  try {
+    if (handler) handler();
+  } catch (...) {
+    UnhandledException(Describe(std::current_exception()));
+  }
+}
+
+void DesktopApplication::UnhandledException(const std::string& what) {
+  QString text = QString::fromStdString(what);
+  if (exceptions_ == nullptr) {
+    exceptions_ =
+        std::make_unique<QMessageBox>(QMessageBox::Warning, QApplication::applicationName(),
+                                      QStringLiteral("The last command could not be completed."),
+                                      QMessageBox::Ok, ToolkitSide::DocumentWindow());
+    exceptions_->setTextFormat(Qt::PlainText);
+    exceptions_->setWindowModality(Qt::ApplicationModal);
+  } else if (exceptions_->isVisible()) {
+    const QString shown = exceptions_->informativeText();
+    if (shown.contains(text)) return;
+    text = shown + u'\n' + text;
+  }
+  exceptions_->setInformativeText(text);
+  exceptions_->show();
+}
+
+void DesktopApplication::Release(const ImplicitInstance& instance) {
+  const Running call;
+  const auto found = std::find_if(instances_.begin(), instances_.end(), [&](const auto& entry) {
+    return entry.second.get() == &instance;
+  });
+  if (found == instances_.end()) return;
+  ending_.push_back(std::move(found->second));
+  instances_.erase(found);
+}
+
+void DesktopApplication::EndReleased() {
+  if (ending_.empty()) return;
+  // What handed the last event to its receiver may yet look at it.
+  QMetaObject::invokeMethod(
+      input_.get(),
+      [this] {
+        if (running <= 1) ending_.clear();  // This call is an event, too.
+      },
+      Qt::QueuedConnection);
+}
+
+ImplicitInstance* DesktopApplication::Find(std::type_index type) const {
+  for (const auto& [present, instance] : instances_) {
+    if (present == type) return instance.get();
+  }
+  return nullptr;
+}
+
+}  // namespace peakwright

@@ -1,0 +1,79 @@
+#include "runtime/menus/menu_keys.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMenuBar>
+
+#include "runtime/application/toolkit_side.h"
+#include "runtime/desktop_menu.h"
+#include "runtime/menus/edit_commands.h"
+
+namespace peakwright {
+namespace {
+
+bool OpensMenuBar(const QKeyEvent& event) {
+  return event.key() == Qt::Key_F10 && event.modifiers() == Qt::NoModifier;
+}
+
+/// Alt and a letter that opened no menu. A third-level key (AltGr) is no Alt.
+bool IsStrayMnemonic(const QKeyEvent& event) {
+  const bool withAlt = (event.modifiers() & ~Qt::ShiftModifier) == Qt::AltModifier;
+  return withAlt && !event.text().isEmpty() && event.text().front().isPrint();
+}
+
+}  // namespace
+
+void MenuKeys::Follow(QMenu& menu) {
+  connect(&menu, &QMenu::aboutToShow, this, [this] {
+    QWidget* focused = ToolkitSide::Of(bar_)->window()->focusWidget();
+    if (focused != ToolkitSide::Of(bar_)) focused_ = focused;
+  });
+  connect(&menu, &QMenu::aboutToHide, this, &MenuKeys::LeaveBar, Qt::QueuedConnection);
+}
+
+bool MenuKeys::eventFilter(QObject* watched, QEvent* event) {
+  const bool isKey = event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress;
+  if (!isKey || QApplication::activePopupWidget() != nullptr) return false;
+  auto& key = static_cast<QKeyEvent&>(*event);
+  if (event->type() == QEvent::ShortcutOverride) return TakesOver(key);
+  if (QApplication::activeModalWidget() != nullptr) return QObject::eventFilter(watched, event);
+  return Acts(key);
+}
+
+/// Keeps a control from taking a command's key for itself (in a text field of X11, Ctrl+U would
+/// delete what the user typed), and undo and redo from being taken for a menu's shortcut.
+bool MenuKeys::TakesOver(QKeyEvent& event) const {
+  if (bar_.HasCommand(event.keyCombination())) {
+    event.ignore();
+    return true;
+  }
+  if (QApplication::activeModalWidget() != nullptr || FindEditCommand(event) == nullptr) {
+    return false;
+  }
+  event.accept();
+  return true;
+}
+
+bool MenuKeys::Acts(const QKeyEvent& event) const {
+  if (OpensMenuBar(event)) {
+    ToolkitSide::Of(bar_)->setActiveAction(ToolkitSide::Of(bar_)->actions().front());
+    return true;
+  }
+  if (const EditCommand* command = FindEditCommand(event)) {
+    Act(*command);
+    return true;
+  }
+  return IsStrayMnemonic(event);
+}
+
+void MenuKeys::LeaveBar() {
+  QMenuBar& bar = *ToolkitSide::Of(bar_);
+  // Another of the bar's menus may have opened in this one's place.
+  if (QApplication::activePopupWidget() != nullptr || bar.window()->focusWidget() != &bar) return;
+  QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+  QCoreApplication::sendEvent(&bar, &escape);
+  if (focused_ != nullptr && bar.window()->focusWidget() == &bar) focused_->setFocus();
+}
+
+}  // namespace peakwright

@@ -1,0 +1,238 @@
+#include "runtime/text/text_area_view.h"
+
+#include <algorithm>
+#include <stdexcept>
+#include <utility>
+
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMimeData>
+#include <QScrollBar>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextLayout>
+#include <QTimer>
+
+#include "runtime/speech/accessible_text_area.h"
+#include "runtime/text/document_text.h"
+#include "runtime/text/line_counting_layout.h"
+
+namespace peakwright {
+namespace {
+
+// Positions in a document are ints; what is undone stays in its buffer.
+constexpr std::size_t kMostCharacters = 1'000'000'000;
+
+/// Makes one step of Undo of what a cursor does meanwhile.
+class EditBlock {
+ public:
+  EditBlock(QTextCursor& cursor, bool joinsPrevious) : cursor_(cursor) {
+    if (joinsPrevious) {
+      cursor.joinPreviousEditBlock();
+    } else {
+      cursor.beginEditBlock();
+    }
+  }
+  ~EditBlock() { cursor_.endEditBlock(); }
+  EditBlock(const EditBlock&) = delete;
+  EditBlock& operator=(const EditBlock&) = delete;
+
+ private:
+  QTextCursor& cursor_;
+};
+
+/// Keeps an area from following its scroll position meanwhile, which lays out all on the way.
+class HeldStill {
+ public:
+  explicit HeldStill(QWidget& viewport) : viewport_(viewport) {
+    viewport_.setUpdatesEnabled(false);
+  }
+  ~HeldStill() { viewport_.setUpdatesEnabled(true); }
+  HeldStill(const HeldStill&) = delete;
+  HeldStill& operator=(const HeldStill&) = delete;
+
+ private:
+  QWidget& viewport_;
+};
+
+}  // namespace
+
+TextAreaView::TextAreaView() {
+  InstallAccessibleTextArea();
+  verticalScrollBar()->setAccessibleName(QStringLiteral("Vertical scroll bar"));
+  setTabChangesFocus(true);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  Show(NewDocument());
+}
+
+TextAreaView::~TextAreaView() {
+  // The shown document must outlive the control that shows it.
+  setParent(nullptr);
+  QPlainTextEdit::setDocument(nullptr);
+}
+
+std::string TextAreaView::Text() const { return TextOf(*document()); }
+
+void TextAreaView::ReplaceText(std::string_view text) {
+  if (text.empty() && document()->isEmpty()) return;
+  shown_->clearUndoRedoStacks(QTextDocument::RedoStack);
+  std::unique_ptr<QTextDocument> replaced = std::move(shown_);
+  Show(NewDocument());
+  earlier_ = std::move(replaced);
+  later_.reset();
+  if (!text.empty()) InsertText(text);
+}
+
+void TextAreaView::InsertText(std::string_view text) {
+  InsertText(text.size(), [text](const auto& insert) { insert(text); });
+}
+
+void TextAreaView::InsertText(std::size_t length, const TextPieces& pieces) {
+  QTextCursor cursor = textCursor();
+  const int staying = TextLength() - (cursor.selectionEnd() - cursor.selectionStart());
+  if (length + static_cast<std::size_t>(staying) > kMostCharacters) {
+    throw std::length_error("The results area is full. Clear it to go on.");
+  }
+  const HeldStill held(*viewport());
+  const int top = verticalScrollBar()->value();
+  {
+    const EditBlock block(cursor, joinsNext_);
+    joinsNext_ = true;
+    QTimer::singleShot(0, this, [this] { joinsNext_ = false; });
+    cursor.removeSelectedText();
+    DocumentWriter writer(cursor);
+    pieces([&writer](std::string_view piece) { writer.Write(piece); });
+    writer.Finish();
+  }
+  setTextCursor(cursor);
+  verticalScrollBar()->setValue(top);
+}
+
+int TextAreaView::LineNumber(int position) const {
+  const QTextBlock block = document()->findBlock(position);
+  const QTextLine line = LaidOutLine(block, position);
+  return block.firstLineNumber() + (line.isValid() ? line.lineNumber() : 0);
+}
+
+std::pair<int, int> TextAreaView::LineAround(int position) const {
+  const QTextBlock block = document()->findBlock(position);
+  const QTextLine line = LaidOutLine(block, position);
+  const int start = line.isValid() ? line.textStart() : 0;
+  const int next = line.isValid() ? line.lineNumber() + 1 : 1;
+  const int end = next < block.layout()->lineCount() ? block.layout()->lineAt(next).textStart()
+                                                     : block.length();
+  return {block.position() + start, std::min(block.position() + end, TextLength())};
+}
+
+void TextAreaView::Undo() {
+  joinsNext_ = false;
+  if (document()->isUndoAvailable()) {
+    undo();
+  } else if (earlier_ != nullptr) {
+    later_ = std::move(shown_);
+    Show(std::move(earlier_));
+    moveCursor(QTextCursor::End);
+  }
+}
+
+void TextAreaView::Redo() {
+  if (document()->isRedoAvailable()) {
+    redo();
+  } else if (later_ != nullptr) {
+    earlier_ = std::move(shown_);
+    Show(std::move(later_));
+    moveCursor(QTextCursor::Start);
+  }
+}
+
+void TextAreaView::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Undo)) {
+    Undo();
+  } else if (event->matches(QKeySequence::Redo)) {
+    Redo();
+  } else if (event->matches(QKeySequence::InsertParagraphSeparator)) {
+    InsertText("\r");
+    ensureCursorVisible();
+  } else {
+    QPlainTextEdit::keyPressEvent(event);
+  }
+}
+
+void TextAreaView::resizeEvent(QResizeEvent* event) {
+  const int top = cursorForPosition(QPoint(0, 0)).position();
+  const bool atTop = verticalScrollBar()->value() == 0;
+  QPlainTextEdit::resizeEvent(event);
+  if (event->oldSize().width() == event->size().width()) return;
+  Recount();
+  verticalScrollBar()->setValue(atTop ? 0 : LineNumber(top));
+}
+
+void TextAreaView::changeEvent(QEvent* event) {
+  QPlainTextEdit::changeEvent(event);
+  if (event->type() == QEvent::FontChange && shown_ != nullptr) Recount();
+}
+
+void TextAreaView::contextMenuEvent(QContextMenuEvent* event) {
+  QMenu menu;
+  const bool selected = textCursor().hasSelection();
+  menu.addAction(QStringLiteral("Undo"), this, &TextAreaView::Undo)->setEnabled(CanUndo());
+  menu.addAction(QStringLiteral("Redo"), this, &TextAreaView::Redo)->setEnabled(CanRedo());
+  menu.addSeparator();
+  menu.addAction(QStringLiteral("Cut"), this, &QPlainTextEdit::cut)->setEnabled(selected);
+  menu.addAction(QStringLiteral("Copy"), this, &QPlainTextEdit::copy)->setEnabled(selected);
+  menu.addAction(QStringLiteral("Paste"), this, &QPlainTextEdit::paste)->setEnabled(canPaste());
+  menu.addSeparator();
+  menu.addAction(QStringLiteral("Select All"), this, &QPlainTextEdit::selectAll);
+  menu.exec(event->globalPos());
+}
+
+QMimeData* TextAreaView::createMimeDataFromSelection() const {
+  QString text = textCursor().selectedText();
+  text.replace(QChar::ParagraphSeparator, u'\n').replace(kLineFeed, u'\n');
+  auto* copied = new QMimeData;  // The caller's.
+  copied->setText(text);
+  return copied;
+}
+
+void TextAreaView::insertFromMimeData(const QMimeData* source) {
+  if (!source->hasText()) return;
+  InsertText(source->text().replace(QStringLiteral("\r\n"), QStringLiteral("\n")).toStdString());
+  ensureCursorVisible();
+}
+
+std::unique_ptr<QTextDocument> TextAreaView::NewDocument() {
+  auto made = std::make_unique<QTextDocument>();
+  made->setDocumentLayout(new LineCountingLayout(made.get()));
+  made->setDefaultFont(font());
+  // A new step after an Undo leaves nothing to redo.
+  connect(made.get(), &QTextDocument::undoCommandAdded, this, [this] { later_.reset(); });
+  return made;
+}
+
+void TextAreaView::Show(std::unique_ptr<QTextDocument> made) {
+  const int formerLength = TextLength();
+  setDocument(made.get());
+  shown_ = std::move(made);
+  if (shown_->defaultFont() != font()) shown_->setDefaultFont(font());
+  Recount();
+  // The control would tell assistive tools of each change with its whole text.
+  disconnect(document(), &QTextDocument::contentsChange, nullptr, nullptr);
+  connect(
+      document(), &QTextDocument::contentsChange, this,
+      [this](int from, int removed, int added) { AnnounceChange(*this, from, removed, added); });
+  AnnounceChange(*this, 0, formerLength, TextLength());
+}
+
+void TextAreaView::Recount() { Layout().CountAll(viewport()->width()); }
+
+QTextLine TextAreaView::LaidOutLine(const QTextBlock& block, int position) const {
+  Layout().blockBoundingRect(block);  // Lays the block out.
+  return block.layout()->lineForTextPosition(position - block.position());
+}
+
+LineCountingLayout& TextAreaView::Layout() const {
+  return static_cast<LineCountingLayout&>(*document()->documentLayout());
+}
+
+}  // namespace peakwright
