@@ -20,6 +20,7 @@
 #include "runtime/application/toolkit_side.h"
 #include "runtime/desktop_menu.h"
 #include "runtime/desktop_window.h"
+#include "runtime/speech/accessible_text_area.h"
 #include "runtime/speech/toolkit_messages.h"
 #include "runtime/text/toolkit_strings.h"
 #include "runtime/transfers/https_request.h"
@@ -95,6 +96,7 @@ DesktopApplication::DesktopApplication(int& argc, char** argv,
   FollowSystemAppearance();
   OutlineControls();
   SilenceAssistiveMessages();
+  InstallAccessibleTextArea();
   input_ = std::make_unique<HeldInput>();
 }
 

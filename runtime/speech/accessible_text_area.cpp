@@ -34,6 +34,24 @@ QString TextBetween(const TextAreaView& view, int start, int end) {
       .replace(QChar::ParagraphSeparator, u'\n');
 }
 
+void AnnounceChange(TextAreaView& view, int from, int removed, int added) {
+  if (!QAccessible::isActive() || removed + added == 0) return;
+  constexpr int kMostTold = 4096;
+  // What went is told by its length, as the toolkit does.
+  const QString went(std::min(removed, kMostTold), u' ');
+  const QString came = TextBetween(view, from, from + std::min(added, kMostTold));
+  if (removed == 0) {
+    QAccessibleTextInsertEvent change(&view, from, came);
+    QAccessible::updateAccessibility(&change);
+  } else if (added == 0) {
+    QAccessibleTextRemoveEvent change(&view, from, went);
+    QAccessible::updateAccessibility(&change);
+  } else {
+    QAccessibleTextUpdateEvent change(&view, from, went, came);
+    QAccessible::updateAccessibility(&change);
+  }
+}
+
 /// Offsets are in UTF-16 units, as the toolkit's are. Lines and their like leave no gaps: each
 /// reaches to the start of the next, over the line end or the blank where the text wraps.
 class AccessibleTextArea : public QAccessibleWidget,
@@ -41,7 +59,11 @@ class AccessibleTextArea : public QAccessibleWidget,
                            public QAccessibleEditableTextInterface {
  public:
   explicit AccessibleTextArea(TextAreaView& view)
-      : QAccessibleWidget(&view, QAccessible::EditableText), view_(view) {}
+      : QAccessibleWidget(&view, QAccessible::EditableText), view_(view) {
+    view.Changed = [&view](int from, int removed, int added) {
+      AnnounceChange(view, from, removed, added);
+    };
+  }
 
   void* interface_cast(QAccessible::InterfaceType type) override {
     if (type == QAccessible::TextInterface) return static_cast<QAccessibleTextInterface*>(this);
@@ -186,23 +208,5 @@ QAccessibleInterface* Make(const QString&, QObject* object) {
 }  // namespace
 
 void InstallAccessibleTextArea() { QAccessible::installFactory(Make); }
-
-void AnnounceChange(TextAreaView& view, int from, int removed, int added) {
-  if (!QAccessible::isActive() || removed + added == 0) return;
-  constexpr int kMostTold = 4096;
-  // What went is told by its length, as the toolkit does.
-  const QString went(std::min(removed, kMostTold), u' ');
-  const QString came = TextBetween(view, from, from + std::min(added, kMostTold));
-  if (removed == 0) {
-    QAccessibleTextInsertEvent change(&view, from, came);
-    QAccessible::updateAccessibility(&change);
-  } else if (added == 0) {
-    QAccessibleTextRemoveEvent change(&view, from, went);
-    QAccessible::updateAccessibility(&change);
-  } else {
-    QAccessibleTextUpdateEvent change(&view, from, went, came);
-    QAccessible::updateAccessibility(&change);
-  }
-}
 
 }  // namespace peakwright

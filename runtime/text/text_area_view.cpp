@@ -13,7 +13,6 @@
 #include <QTextLayout>
 #include <QTimer>
 
-#include "runtime/speech/accessible_text_area.h"
 #include "runtime/text/document_text.h"
 #include "runtime/text/line_counting_layout.h"
 
@@ -58,7 +57,6 @@ class HeldStill {
 }  // namespace
 
 TextAreaView::TextAreaView() {
-  InstallAccessibleTextArea();
   verticalScrollBar()->setAccessibleName(QStringLiteral("Vertical scroll bar"));
   setTabChangesFocus(true);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
@@ -218,10 +216,13 @@ void TextAreaView::Show(std::unique_ptr<QTextDocument> made) {
   Recount();
   // The control would tell assistive tools of each change with its whole text.
   disconnect(document(), &QTextDocument::contentsChange, nullptr, nullptr);
-  connect(
-      document(), &QTextDocument::contentsChange, this,
-      [this](int from, int removed, int added) { AnnounceChange(*this, from, removed, added); });
-  AnnounceChange(*this, 0, formerLength, TextLength());
+  connect(document(), &QTextDocument::contentsChange, this,
+          [this](int from, int removed, int added) { TellChange(from, removed, added); });
+  TellChange(0, formerLength, TextLength());
+}
+
+void TextAreaView::TellChange(int from, int removed, int added) {
+  if (Changed) Changed(from, removed, added);
 }
 
 void TextAreaView::Recount() { Layout().CountAll(viewport()->width()); }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -44,6 +45,9 @@ class TextAreaView : public QPlainTextEdit {
   void Undo();
   void Redo();
 
+  /// Raised when the `added` characters behind `from` have come in the place of `removed` ones.
+  std::function<void(int from, int removed, int added)> Changed;
+
  protected:
   void keyPressEvent(QKeyEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
@@ -55,6 +59,7 @@ class TextAreaView : public QPlainTextEdit {
  private:
   std::unique_ptr<QTextDocument> NewDocument();
   void Show(std::unique_ptr<QTextDocument> document);
+  void TellChange(int from, int removed, int added);
   void Recount();
   LineCountingLayout& Layout() const;
   QTextLine LaidOutLine(const QTextBlock& block, int position) const;
