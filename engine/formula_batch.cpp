@@ -3,9 +3,6 @@
 #include <cassert>
 #include <limits>
 
-#include "engine/cell_writer.h"
-#include "engine/row_layout.h"
-
 namespace peakwright {
 namespace {
 
@@ -47,7 +44,7 @@ struct Atoms {
 };
 
 /// Makes whole groups of eight formulas, which the processor can take at a time: those behind the
-/// last one repeat it. Tells where the groups end.
+/// last one repeat it. Returns where the groups end.
 std::size_t FillGroups(FormulaBatch& batch) {
   constexpr std::size_t kGroup = 8;
   static_assert(FormulaBatch::kCapacity % kGroup == 0);
@@ -60,23 +57,23 @@ std::size_t FillGroups(FormulaBatch& batch) {
   return end;
 }
 
-template <std::uint32_t kScale>
-void Split(FormulaBatch::Column& column, std::size_t end) {
+}  // namespace
+
+template <const CellMask& kMask>
+void FormulaBatch::Column<kMask>::Split(std::size_t end) {
   std::uint32_t highest = 0;
-  for (std::size_t i = 0; i < end; ++i) highest = std::max(highest, Bits(column.value[i]));
-  column.plain = highest < Bits(std::numeric_limits<float>::infinity());
-  if (!column.plain) return;
+  for (std::size_t i = 0; i < end; ++i) highest = std::max(highest, Bits(value[i]));
+  plain = highest < Bits(std::numeric_limits<float>::infinity());
+  if (!plain) return;
   if (highest >= Bits(10000)) {
-    for (std::size_t i = 0; i < end; ++i) column.value[i] = Shown(column.value[i]);
+    for (std::size_t i = 0; i < end; ++i) value[i] = Shown(value[i]);
   }
   for (std::size_t i = 0; i < end; ++i) {
-    const std::uint32_t units = InUnits(column.value[i], kScale);
-    column.whole[i] = units / kScale;
-    column.fraction[i] = units % kScale;
+    const std::uint32_t units = InUnits(value[i], kMask.scale);
+    whole[i] = units / kMask.scale;
+    fraction[i] = units % kMask.scale;
   }
 }
-
-}  // namespace
 
 // GCC compiles it twice, and the start of the program chooses: twice the formulas at a time take
 // half the time, with the same digits. Under the sanitizers it is the plain one, so that the tests
@@ -106,10 +103,10 @@ void FormulaBatch::Calculate(const UnitMasses& givenMasses, const Sums& givenSum
   for (std::size_t i = 0; i < end; ++i) {
     m2.value[i] = sums.M2(m1.value[i], atoms.c[i], atoms.h[i], atoms.n[i], atoms.o[i]);
   }
-  Split<kExactMask.scale>(exact, end);
-  Split<kPeakMask.scale>(m1, end);
-  Split<kPeakMask.scale>(m2, end);
-  Split<kRdbMask.scale>(rdb, end);
+  exact.Split(end);
+  m1.Split(end);
+  m2.Split(end);
+  rdb.Split(end);
 }
 
 void FormulaBatch::KeepValid(const UnitMasses& masses, const Sums& sums, bool nitrogenRule) {

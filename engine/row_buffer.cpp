@@ -30,14 +30,14 @@ char* RowBuffer::NextRows(std::size_t rows) {
   return next_;
 }
 
-void RowBuffer::Written(char* end, bool spoiled) {
+void RowBuffer::Written(char* end, bool overwritten) {
   next_ = end;
-  spoiled_ = spoiled_ || spoiled;
+  overwritten_ = overwritten_ || overwritten;
 }
 
 void RowBuffer::HandOver() {
   take_({block_.data(), static_cast<std::size_t>(next_ - block_.data())});
-  if (spoiled_) Blank();
+  if (overwritten_) Blank();
   next_ = block_.data();
 }
 
@@ -47,7 +47,7 @@ void RowBuffer::Blank() {
     std::memcpy(&block_[start + kBlankRow.size()], Module1::CR.data(), Module1::CR.size());
   }
   next_ = block_.data();
-  spoiled_ = false;
+  overwritten_ = false;
 }
 
 }  // namespace peakwright

@@ -22,8 +22,9 @@ class RowBuffer {
 
   /// Where the next rows stand, with room for so many.
   char* NextRows(std::size_t rows);
-  /// Rows are written up to `end`; `spoiled` if one may have lost a point or a blank.
-  void Written(char* end, bool spoiled);
+  /// Rows are written up to `end`; `overwritten` if one may have lost a point or a blank of the
+  /// row without its digits.
+  void Written(char* end, bool overwritten);
 
   /// Hands over what is written.
   void HandOver();
@@ -34,7 +35,7 @@ class RowBuffer {
   const std::function<void(std::string_view)>& take_;
   std::string block_;
   char* next_ = nullptr;  // The row to write next.
-  bool spoiled_ = false;
+  bool overwritten_ = false;
 };
 
 }  // namespace peakwright

@@ -12,7 +12,8 @@ namespace peakwright {
 inline constexpr CellMask kNumberMask("####)");
 inline constexpr CellMask kExactMask(" ###.0000");
 inline constexpr CellMask kCountMask(" ##");
-inline constexpr CellMask kPeakMask(" ###.00");
+inline constexpr CellMask kM1Mask(" ###.00");
+inline constexpr CellMask kM2Mask(" ###.00");
 inline constexpr CellMask kRdbMask(" ##.0");
 
 inline constexpr std::size_t kNumber = 0;
@@ -22,8 +23,8 @@ inline constexpr std::size_t kCountH = kCountC + kCountMask.text.size();
 inline constexpr std::size_t kCountN = kCountH + kCountMask.text.size();
 inline constexpr std::size_t kCountO = kCountN + kCountMask.text.size();
 inline constexpr std::size_t kM1 = kCountO + kCountMask.text.size();
-inline constexpr std::size_t kM2 = kM1 + kPeakMask.text.size();
-inline constexpr std::size_t kRdb = kM2 + kPeakMask.text.size();
+inline constexpr std::size_t kM2 = kM1 + kM1Mask.text.size();
+inline constexpr std::size_t kRdb = kM2 + kM2Mask.text.size();
 inline constexpr std::size_t kRowWidth = kRdb + kRdbMask.text.size();
 
 /// The row without its digits: only the bracket and the points.
@@ -31,8 +32,8 @@ inline constexpr auto kBlankRow = [] {
   std::array<char, kRowWidth> row{};
   row.fill(' ');
   row[kNumber + kNumberMask.places] = ')';
-  row[kExact + kExactMask.places] = row[kM1 + kPeakMask.places] = '.';
-  row[kM2 + kPeakMask.places] = row[kRdb + kRdbMask.places] = '.';
+  row[kExact + kExactMask.places] = row[kRdb + kRdbMask.places] = '.';
+  row[kM1 + kM1Mask.places] = row[kM2 + kM2Mask.places] = '.';
   return row;
 }();
 

@@ -10,13 +10,6 @@ namespace {
 
 constexpr std::int64_t kFewAtoms = 9999;  // of an element
 
-/// Writes value `i` of a column; `kPlain` if that is known to be plain.
-template <const CellMask& kMask, bool kPlain>
-void WriteValue(char* cell, const FormulaBatch::Column& column, std::size_t i) {
-  if (kPlain || column.plain) return WriteDigits(cell, kMask, column.whole[i], column.fraction[i]);
-  WriteCell<kMask>(cell, column.value[i]);
-}
-
 }  // namespace
 
 RowWriter::RowWriter(const SearchInput& input, const Found& found,
@@ -62,7 +55,7 @@ void RowWriter::AppendBatch() {
   batch_.fewAtoms = true;
 }
 
-/// Writes the rows of the batch from `row` on, and tells where they end.
+/// Writes the rows of the batch from `row` on, and returns where they end.
 template <bool kPlain>
 char* RowWriter::WriteRows(char* row) {
   // What the loop reads is local: for all the compiler knows, a row could overlap the members.
@@ -71,9 +64,9 @@ char* RowWriter::WriteRows(char* row) {
   const std::size_t rowLength = RowBuffer::RowLength();
   std::uint64_t number = rowNumber_;
   for (std::size_t i = 0; i < size; ++i) {
-    WriteValue<kRdbMask, kPlain>(row + kRdb, batch.rdb, i);
-    WriteValue<kPeakMask, kPlain>(row + kM2, batch.m2, i);
-    WriteValue<kPeakMask, kPlain>(row + kM1, batch.m1, i);
+    batch.rdb.Write<kPlain>(row + kRdb, i);
+    batch.m2.Write<kPlain>(row + kM2, i);
+    batch.m1.Write<kPlain>(row + kM1, i);
     const auto write = [&](std::size_t place, std::int64_t count) {
       WriteWhole(row + place, kCountMask,
                  kPlain ? static_cast<std::uint32_t>(count) : ShownCount(count));
@@ -82,7 +75,7 @@ char* RowWriter::WriteRows(char* row) {
     write(kCountN, batch.n[i]);
     write(kCountH, batch.h[i]);
     write(kCountC, batch.c[i]);
-    WriteValue<kExactMask, kPlain>(row + kExact, batch.exact, i);
+    batch.exact.Write<kPlain>(row + kExact, i);
     WriteWhole(row + kNumber, kNumberMask, ShownWhole(++number));
     row += rowLength;
   }

@@ -45,7 +45,10 @@ struct Range {
 
 /// How far the ends of a range fell from one number of C or O to the next. They fall as far again
 /// the next time, give or take a little.
-using Fall = Range;
+struct Fall {
+  std::int64_t ofFirst = 0;
+  std::int64_t ofEnd = 0;
+};
 
 /// The formulas of one number of C and one of O, each known by its number of N.
 class Candidates {
@@ -67,9 +70,9 @@ class Candidates {
     const auto isTooMany = [this](std::int64_t n) { return H(n) < 0; };
     const auto isEnough = [this](std::int64_t n) { return Rdb(n) >= 0; };
     const Range former = range;
-    range.end = LowestWith(isTooMany, former.end, former.end - fall.end);
+    range.end = LowestWith(isTooMany, former.end, former.end - fall.ofEnd);
     range.first =
-        LowestWith(isEnough, std::min(former.first, range.end), former.first - fall.first);
+        LowestWith(isEnough, std::min(former.first, range.end), former.first - fall.ofFirst);
     fall = {former.first - range.first, former.end - range.end};
   }
 
@@ -123,8 +126,8 @@ Found Search(const SearchInput& input) {
   std::int64_t passesLeft = input.limits.passes;
   // Where RDB may fall, valid formulas can lie anywhere: there every N is looked at.
   Range ofC = {rdbNeverFalls ? maxN + 1 : 0, maxN + 1};
-  Fall fallByC = {0, 0};
-  Fall fallByO = {0, 0};
+  Fall fallByC;
+  Fall fallByO;
   for (std::int64_t c = 0; c <= maxC; ++c) {
     const double afterC = masses.AfterC(static_cast<double>(c));
     if (!(afterC >= 0)) break;

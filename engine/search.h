@@ -44,8 +44,8 @@ struct Found {
 };
 
 /// Finds the formulas of C, H, N and O that make up the remaining mass in unit masses and are
-/// valid. A unit mass of 0 or below for C, N or O allows none. Where the end isn't kComplete, the
-/// rest is of no use.
+/// valid. Requires: the remaining mass is above 0. A unit mass of 0 or below for C, N or O allows
+/// none. Where the end isn't kComplete, the rest is of no use.
 Found Search(const SearchInput& input);
 
 }  // namespace peakwright

@@ -34,7 +34,7 @@ class NativePopup : public QComboBox {
   }
 
  private:
-  /// Opens the menu on the next row that begins with `letters`. Tells whether there is one.
+  /// Opens the menu on the next row that begins with `letters`. Returns whether there is one.
   bool OpenOn(const QString& letters) {
     if (letters.isEmpty() || !letters.front().isLetterOrNumber()) return false;
     const QModelIndex next = model()->index((currentIndex() + 1) % count(), 0);

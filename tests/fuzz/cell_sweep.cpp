@@ -21,7 +21,7 @@ constexpr struct {
   std::string_view mask;
   void (*write)(char* cell, float value);
   bool countsAlone;
-} kCells[] = {{" ###.0000", WriteCell<kExactMask>, false}, {" ###.00", WriteCell<kPeakMask>, false},
+} kCells[] = {{" ###.0000", WriteCell<kExactMask>, false}, {" ###.00", WriteCell<kM1Mask>, false},
               {" ##.0", WriteCell<kRdbMask>, false},       {" ##", WriteCount<kCountMask>, true},
               {"####)", WriteCount<kNumberMask>, true},    {"-####", nullptr, false}};
 
