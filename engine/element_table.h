@@ -7,7 +7,7 @@ namespace peakwright {
 
 /// The elements that a run counts with, as the text that the user sees and edits: the
 /// store of record. Nothing is validated here; a run reads numbers out of the text afresh.
-/// Rows and columns count from 0, and every index given must be in range.
+/// Rows and columns count from 0. Requires: every index given is in range.
 class ElementTable {
  public:
   /// Holds the default elements.

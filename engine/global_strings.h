@@ -2,14 +2,14 @@
 
 #include <string>
 
-/// The program's five global strings. All start empty; the application sets them as it starts, and
-/// every room reads them here, the lowest place that all of them see.
+/// The program's five global strings, in the lowest place that all rooms see. All start empty,
+/// until what stands beside each sets it.
 namespace peakwright::Module1 {
 
-inline std::string appname;    ///< Name of the program's bundle; set at start-up.
-inline std::string CR;         ///< One line feed, in spite of its name; set at start-up.
-inline std::string version;    ///< Number and date, as shown and as compared; set by about0().
-inline std::string websource;  ///< Download location, with a slash at its end; set by about0().
-inline std::string psettings;  ///< Page setup of the last print, opaque; set by printer().
+inline std::string appname;    ///< Name of the program's bundle; App, before any window opens.
+inline std::string CR;         ///< One line feed, in spite of its name; App, likewise.
+inline std::string version;    ///< Number and date, as shown and as compared; about0().
+inline std::string websource;  ///< Download location, with a slash at its end; about0().
+inline std::string psettings;  ///< Page setup of the last print, opaque; printer().
 
 }  // namespace peakwright::Module1

@@ -13,7 +13,7 @@ namespace peakwright {
 /// that was found. The text is made as it is written; nobody holds the whole of it.
 class Listing {
  public:
-  /// `input` and `found` must outlive the listing.
+  /// Requires: `input` and `found` outlive the listing.
   Listing(const SearchInput& input, const Found& found);
 
   /// Length of the text in bytes.

@@ -13,7 +13,7 @@ namespace peakwright {
 class RowBuffer {
  public:
   /// For a listing of so many rows, of which at most `most` are written at a time. `take` is called
-  /// with the text, and must outlive the buffer.
+  /// with the text. Requires: `take` outlives the buffer.
   RowBuffer(std::int64_t rows, std::int64_t most,
             const std::function<void(std::string_view)>& take);
 

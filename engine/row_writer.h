@@ -16,8 +16,8 @@ namespace peakwright {
 /// Writes the numbered rows of formulas.
 class RowWriter {
  public:
-  /// For the listing of what was found. `take` is called with the rows, many at a time; it must
-  /// outlive the writer.
+  /// For the listing of what was found. `take` is called with the rows, many at a time. Requires:
+  /// `take` outlives the writer.
   RowWriter(const SearchInput& input, const Found& found,
             const std::function<void(std::string_view)>& take);
 

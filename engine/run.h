@@ -10,7 +10,30 @@
 
 namespace peakwright {
 
-/// What one run reads and writes of the controls.
+/// What one run reads and writes of the controls. A run without a window, in full:
+///
+///     class Controls : public RunControls {
+///      public:
+///       const ElementTable& Table() override { return table_; }
+///       std::string MassText() override { return mass_; }
+///       void MassText(const std::string& text) override { mass_ = text; }
+///       bool AdditionalElements() override { return false; }
+///       std::string CountText(int) override { return "0"; }
+///       bool NitrogenRule() override { return false; }
+///       void Print(std::string_view text) override { std::cout << text << '\n'; }
+///       void Print(const Listing& listing) override {
+///         listing.Write([](std::string_view piece) { std::cout << piece; });
+///         std::cout << '\n';
+///       }
+///
+///      private:
+///       ElementTable table_;
+///       std::string mass_ = "58";
+///     };
+///
+///     Module1::CR = "\n";  // the end of each row; the application sets it as it starts
+///     Controls controls;
+///     Module1::calculate(controls);
 class RunControls {
  public:
   virtual ~RunControls() = default;
@@ -18,7 +41,7 @@ class RunControls {
   /// The rows of the element list.
   virtual const ElementTable& Table() = 0;
 
-  /// The text of the mass field.
+  /// The text of the mass field, read once and then set to the whole number that was used.
   virtual std::string MassText() = 0;
   virtual void MassText(const std::string& text) = 0;
 

@@ -21,7 +21,7 @@ class ControlArray {
     }
   }
 
-  /// `index` is in 0 to Count - 1.
+  /// Requires: `index` is in 0 to Count - 1.
   Control& operator()(int index) const {
     assert(index >= 0 && static_cast<std::size_t>(index) < Count);
     return *controls_[static_cast<std::size_t>(index)];

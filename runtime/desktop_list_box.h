@@ -24,7 +24,7 @@ class ListBoxCells {
 /// and the user can't edit them in place.
 class DesktopListBox : public DesktopUIControl {
  public:
-  /// `cells` must outlive the list box, and change only through it.
+  /// Requires: `cells` outlive the list box, and change only through it.
   DesktopListBox(DesktopWindow& window, const ControlLayout& layout, ListBoxCells& cells);
   ~DesktopListBox() override;
 

@@ -16,15 +16,15 @@ class Window1 : public DesktopWindow {
   Window1();
   static Window1& Instance();
 
-  DesktopLabel Label1;  ///< Names the core elements.
-  DesktopLabel Label2;
-  ControlArray<DesktopLabel, kAdditionalElementCount> Label3;
-  ControlArray<DesktopTextField, kAdditionalElementCount> textfield1;
-  DesktopButton PushButton1;    ///< Close
-  DesktopButton PushButton2;    ///< Clear
-  DesktopButton PushButton3;    ///< Run
-  DesktopPopupMenu PopupMenu1;  ///< Row 0 is the title; row r + 1 stands for table row r.
-  DesktopButton PushButton4;    ///< Show isotopes
+  DesktopLabel Label1;  ///< "Elements other than C, H, N, O", as the table names these.
+  DesktopLabel Label2;  ///< "How many of each?"
+  ControlArray<DesktopLabel, kAdditionalElementCount> Label3;  ///< "F" to "Xx", before the counts.
+  ControlArray<DesktopTextField, kAdditionalElementCount> textfield1;  ///< The counts.
+  DesktopButton PushButton1;                                           ///< "Close"
+  DesktopButton PushButton2;                                           ///< "Clear", of the counts
+  DesktopButton PushButton3;                                           ///< "Run"
+  DesktopPopupMenu PopupMenu1;  ///< "Edit isotopes", row 0; row r + 1 stands for table row r.
+  DesktopButton PushButton4;    ///< "Show isotopes"
 
   /// Brings the caption that names the core elements up to the table.
   void NameCoreElements();

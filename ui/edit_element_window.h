@@ -16,14 +16,14 @@ class Window2 : public DesktopWindow {
   Window2();
   static Window2& Instance();
 
-  DesktopLabel Label1;
-  ControlArray<DesktopLabel, kElementColumns> Label2;
-  ControlArray<DesktopTextField, kElementColumns> textfield1;
-  DesktopButton PushButton1;    ///< Cancel
-  DesktopButton PushButton2;    ///< Change
-  DesktopTextField textfield2;  ///< Hidden: the number of the row being edited.
-  DesktopLabel Label4;
-  DesktopButton PushButton3;  ///< Show isotopes
+  DesktopLabel Label1;                                         ///< "Edit element isotope values"
+  ControlArray<DesktopLabel, kElementColumns> Label2;          ///< "Name" to "%(M+2)/M"
+  ControlArray<DesktopTextField, kElementColumns> textfield1;  ///< The row's cells.
+  DesktopButton PushButton1;                                   ///< "Cancel"
+  DesktopButton PushButton2;                                   ///< "Change"
+  DesktopTextField textfield2;  ///< Never seen: the number of the row being edited.
+  DesktopLabel Label4;          ///< "Either choice closes this window."
+  DesktopButton PushButton3;    ///< "Show isotopes"
 
   /// Fills the fields from a row of the table, from 0, and shows the window.
   void Edit(int row);

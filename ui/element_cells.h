@@ -8,7 +8,7 @@ namespace peakwright {
 /// The element table as the cells of a list box: a view of the table, not a copy.
 class ElementCells : public ListBoxCells {
  public:
-  /// `table` must outlive the cells.
+  /// Requires: `table` outlives the cells.
   explicit ElementCells(ElementTable& table) : table_(table) {}
 
   int RowCount() const override { return table_.RowCount(); }

@@ -22,9 +22,9 @@ class Window3 : public DesktopWindow {
   /// The table that every run reads. It is changed through ListBox1 only.
   const ElementTable& Table() const { return table_; }
 
-  DesktopListBox ListBox1;
-  DesktopButton PushButton1;  ///< Close
-  DesktopLabel Label1;
+  DesktopListBox ListBox1;    ///< The element table, under its headings.
+  DesktopButton PushButton1;  ///< "Close"
+  DesktopLabel Label1;        ///< "Double click a row to open editor for that row."
 
  protected:
   void Event_Opening() override;

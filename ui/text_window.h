@@ -19,13 +19,13 @@ class TextWindow : public DesktopWindow {
   static TextWindow& Instance();
 
   DesktopTextField textfield1;  ///< The mass.
-  DesktopLabel MassText;
-  DesktopButton Pushbutton1;   ///< Run
-  DesktopCheckBox checkbox1;   ///< Apply nitrogen rule
-  DesktopTextArea textfield2;  ///< The results.
-  DesktopCheckBox CheckBox2;   ///< Additional elements
-  DesktopButton PushButton2;   ///< Clear
-  DesktopButton PushButton3;   ///< More info
+  DesktopLabel MassText;        ///< "Mass:"
+  DesktopButton Pushbutton1;    ///< "Run"
+  DesktopCheckBox checkbox1;    ///< "Apply nitrogen rule"
+  DesktopTextArea textfield2;   ///< The results.
+  DesktopCheckBox CheckBox2;    ///< "Additional elements"
+  DesktopButton PushButton2;    ///< "Clear", of the results
+  DesktopButton PushButton3;    ///< "More info"
 
   /// What the command "Check for updates..." does; the application sets it.
   std::function<void()> CheckForUpdates;

@@ -37,14 +37,14 @@ class WindowDownload : public DesktopWindow {
   /// The open window.
   static WindowDownload& Instance();
 
-  DesktopProgressBar ProgressBar1;
-  DesktopLabel StaticText2;
-  DesktopLabel StaticText1;
-  DesktopButton PushButton1;
-  DesktopButton PushButton2;
-  DesktopLabel StaticText3;
-  DesktopTextField EditField1;
-  DesktopLabel Label1;
+  DesktopProgressBar ProgressBar1;  ///< Of the download; hidden until it begins.
+  DesktopLabel StaticText2;         ///< "Downloading to desktop..."
+  DesktopLabel StaticText1;         ///< What came of the check or the download.
+  DesktopButton PushButton1;        ///< "Close", or "Later" beside an offer
+  DesktopButton PushButton2;        ///< "Download"; hidden but for an offer
+  DesktopLabel StaticText3;         ///< "Peakwright"
+  DesktopTextField EditField1;      ///< The download location, to be copied into a browser.
+  DesktopLabel Label1;              ///< The credit.
 
   URLConnection Checker;         ///< For the version file.
   URLConnection FileDownloader;  ///< For the archive.
