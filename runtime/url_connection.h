@@ -59,6 +59,10 @@ class URLConnection {
   void Send(std::string_view method, std::string_view url, const FolderItem& file,
             std::chrono::milliseconds timeout);
 
+  /// Ends what is under way, quietly: no event is raised any more, and nothing is stored. An event
+  /// may call it.
+  void Disconnect();
+
   /// Raised as the body of an asynchronous reply arrives. `total` is 0 if the server didn't
   /// announce it. Both count bytes.
   std::function<void(URLConnection& sender, std::int64_t received, std::int64_t total,

@@ -37,11 +37,15 @@ class URLConnection::Question : public QObject {
     QTimer::singleShot(timeout, this, [this] { End(false); });
   }
 
+  void Stop() {
+    waiting_.reset();
+    request_.Cancel();
+  }
+
  private:
   void End(bool isAnswered) {
     if (!waiting_.has_value()) return;
-    waiting_.reset();
-    request_.Cancel();
+    Stop();
     DesktopApplication::Current().Raise([&] {
       if (then_) then_(isAnswered ? std::optional(body_.substr(0, limit_)) : std::nullopt);
     });
@@ -64,7 +68,9 @@ class URLConnection::Transfer : public QObject {
         file_(std::in_place, ToQString(target.NativePath())) {
     // With a buffer in between the toolkit loses the reason for a failure.
     if (!file_->open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
-      QTimer::singleShot(0, this, [this] { FailToStore(); });
+      QTimer::singleShot(0, this, [this] {
+        if (!IsOver()) FailToStore();
+      });
       return;
     }
     request_.emplace(method, url_, owner.allowCertificateValidation_);
@@ -79,6 +85,12 @@ class URLConnection::Transfer : public QObject {
   }
 
   bool IsOver() const { return !file_.has_value(); }
+
+  void Stop() {
+    tick_.stop();
+    file_.reset();  // What wasn't committed goes away.
+    if (request_.has_value()) request_->Cancel();
+  }
 
  private:
   void Receive(const std::string& data) {
@@ -132,12 +144,6 @@ class URLConnection::Transfer : public QObject {
     });
   }
 
-  void Stop() {
-    tick_.stop();
-    file_.reset();  // What wasn't committed goes away.
-    if (request_.has_value()) request_->Cancel();
-  }
-
   URLConnection& owner_;
   std::string url_;
   FolderItem target_;
@@ -165,6 +171,11 @@ void URLConnection::Send(std::string_view method, std::string_view url, const Fo
   // The one that is over may be the caller.
   if (transfer_) transfer_.release()->deleteLater();
   transfer_ = std::make_unique<Transfer>(*this, method, url, file, timeout);
+}
+
+void URLConnection::Disconnect() {
+  if (question_) question_->Stop();
+  if (transfer_) transfer_->Stop();
 }
 
 }  // namespace peakwright

@@ -256,6 +256,23 @@ TEST_F(Update, KeepsItsOwnWordsInViewWhateverTheReply) {
   }
 }
 
+TEST_F(Update, EndsQuietlyWhenDisconnected) {
+  const QTemporaryDir folder;
+  connection_.AllowCertificateValidation(false);
+  server_.replies["/stall"] = {Http("body", 40), Stay};
+  connection_.FileReceived = [](auto&, auto&, int, auto&) { FAIL(); };
+  connection_.Error = [](auto&, auto&) { FAIL(); };
+  connection_.ReceivingProgressed = [](auto& sender, auto...) { sender.Disconnect(); };
+  connection_.Send("GET", Module1::websource + "stall",
+                   FolderItem(folder.filePath("stall").toStdString()), 60s);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return server_.ended == 1; }));
+  connection_.SendSync("GET", Module1::websource + "stall", 60s, 9, [](auto&) { FAIL(); });
+  ASSERT_TRUE(QTest::qWaitFor([&] { return server_.heads.size() == 2; }));
+  connection_.Disconnect();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return server_.ended == 2; }));
+  EXPECT_TRUE(QDir(folder.path()).isEmpty());
+}
+
 TEST_F(Update, ShowsProgressAndEndsItWhenClosed) {
   const QByteArray data(2000000, 'x');
   for (const std::int64_t total : {0LL, 4000000000LL}) {
