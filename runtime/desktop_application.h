@@ -11,6 +11,7 @@
 
 class QApplication;
 class QMessageBox;
+class QWidget;
 
 namespace peakwright {
 
@@ -94,6 +95,7 @@ class DesktopApplication {
   std::vector<std::pair<std::type_index, std::unique_ptr<ImplicitInstance>>> instances_;
   std::vector<std::unique_ptr<ImplicitInstance>> ending_;  // Released, maybe under way still.
   DesktopMenuBar* menuBar_ = nullptr;
+  QWidget* documentWindow_ = nullptr;  // The one that all others stay above.
 };
 
 }  // namespace peakwright

@@ -58,7 +58,6 @@ class DesktopWindow : public ImplicitInstance {
   friend struct ToolkitSide;
   class NativeWindow;
 
-  static QWidget* Document();
   QWidget* Native() const;
   QWidget* Content() const;
   void AddToTabOrder(QWidget& widget, int tabIndex);

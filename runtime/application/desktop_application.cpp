@@ -18,8 +18,6 @@
 #include "runtime/application/guarded_application.h"
 #include "runtime/application/held_input.h"
 #include "runtime/application/toolkit_side.h"
-#include "runtime/desktop_menu.h"
-#include "runtime/desktop_window.h"
 #include "runtime/speech/accessible_text_area.h"
 #include "runtime/speech/toolkit_messages.h"
 #include "runtime/text/toolkit_strings.h"

@@ -4,19 +4,13 @@
 
 #include "runtime/application/held_input.h"
 #include "runtime/desktop_application.h"
-#include "runtime/desktop_menu.h"
-#include "runtime/desktop_ui_control.h"
-#include "runtime/desktop_window.h"
 
 namespace peakwright {
 
-QWidget* ToolkitSide::Of(const DesktopUIControl& control) { return control.widget_.get(); }
-QWidget* ToolkitSide::Of(const DesktopWindow& window) { return window.Native(); }
-QMenuBar* ToolkitSide::Of(const DesktopMenuBar& bar) { return bar.bar_.get(); }
-QAction* ToolkitSide::Of(const DesktopMenuItem& item) { return item.action_.get(); }
-QMenu& ToolkitSide::MenuOf(DesktopMenuItem& title) { return title.NativeMenu(); }
-QWidget* ToolkitSide::ContentOf(const DesktopWindow& window) { return window.Content(); }
-QWidget* ToolkitSide::DocumentWindow() { return DesktopWindow::Document(); }
+QWidget* ToolkitSide::DocumentWindow() { return DesktopApplication::Current().documentWindow_; }
+void ToolkitSide::DocumentWindow(QWidget* window) {
+  DesktopApplication::Current().documentWindow_ = window;
+}
 
 HeldInput& ToolkitSide::Input() { return *DesktopApplication::Current().input_; }
 

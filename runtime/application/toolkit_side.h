@@ -17,7 +17,7 @@ class DesktopWindow;
 class HeldInput;
 
 /// What lies behind this layer's objects, for the layer itself and for tests: handlers never see
-/// it.
+/// it. Each is defined beside the object that it is about.
 struct ToolkitSide {
   static QWidget* Of(const DesktopUIControl& control);
   static QWidget* Of(const DesktopWindow& window);
@@ -30,6 +30,7 @@ struct ToolkitSide {
   static QWidget* ContentOf(const DesktopWindow& window);
   /// The window that floating windows and boxes stay above, or null before it is made.
   static QWidget* DocumentWindow();
+  static void DocumentWindow(QWidget* window);
 
   /// What the user does while the program waits.
   static HeldInput& Input();

@@ -7,6 +7,7 @@
 #include <QWidget>
 
 #include "runtime/appearance/system_font.h"
+#include "runtime/application/toolkit_side.h"
 #include "runtime/desktop_window.h"
 #include "runtime/text/toolkit_strings.h"
 
@@ -47,5 +48,7 @@ void DesktopUIControl::AccessibleName(std::string_view name) {
 void DesktopUIControl::AccessibleDescription(std::string_view description) {
   widget_->setAccessibleDescription(ToQString(description));
 }
+
+QWidget* ToolkitSide::Of(const DesktopUIControl& control) { return control.widget_.get(); }
 
 }  // namespace peakwright

@@ -166,4 +166,8 @@ bool DesktopMenuBar::HasCommand(const QKeySequence& keys) const {
                      [&](const auto& title) { return title->HasCommand(keys); });
 }
 
+QMenuBar* ToolkitSide::Of(const DesktopMenuBar& bar) { return bar.bar_.get(); }
+QAction* ToolkitSide::Of(const DesktopMenuItem& item) { return item.action_.get(); }
+QMenu& ToolkitSide::MenuOf(DesktopMenuItem& title) { return title.NativeMenu(); }
+
 }  // namespace peakwright

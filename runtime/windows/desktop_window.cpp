@@ -21,17 +21,12 @@
 #include "runtime/text/toolkit_strings.h"
 
 namespace peakwright {
-namespace {
-
-/// The window that floating windows stay above, or none yet.
-QMainWindow* documentWindow = nullptr;
-
-}  // namespace
 
 class DesktopWindow::NativeWindow : public QMainWindow {
  public:
   NativeWindow(DesktopWindow& owner, const WindowLayout& layout)
-      : QMainWindow(layout.Type == WindowType::Floating ? documentWindow : nullptr, Flags(layout)),
+      : QMainWindow(layout.Type == WindowType::Floating ? ToolkitSide::DocumentWindow() : nullptr,
+                    Flags(layout)),
         owner_(owner),
         type_(layout.Type),
         canClose_(layout.HasCloseButton),
@@ -43,11 +38,13 @@ class DesktopWindow::NativeWindow : public QMainWindow {
     centralWidget()->installEventFilter(this);
     contentSize_ = QSize(layout.Width, layout.Height);
     resize(contentSize_);
-    if (type_ == WindowType::Document && documentWindow == nullptr) documentWindow = this;
+    if (type_ == WindowType::Document && ToolkitSide::DocumentWindow() == nullptr) {
+      ToolkitSide::DocumentWindow(this);
+    }
   }
 
   ~NativeWindow() override {
-    if (documentWindow == this) documentWindow = nullptr;
+    if (ToolkitSide::DocumentWindow() == this) ToolkitSide::DocumentWindow(nullptr);
   }
 
   /// Gives the content the size of the layout, with the menu bar above it.
@@ -223,9 +220,11 @@ void DesktopWindow::AddMenuHandler(std::string_view name, std::function<bool()> 
   if (DesktopMenuItem* item = menuBar_->Lookup(name)) item->Handler(std::move(action));
 }
 
-QWidget* DesktopWindow::Document() { return documentWindow; }
 QWidget* DesktopWindow::Native() const { return native_.get(); }
 QWidget* DesktopWindow::Content() const { return native_->centralWidget(); }
+
+QWidget* ToolkitSide::Of(const DesktopWindow& window) { return window.Native(); }
+QWidget* ToolkitSide::ContentOf(const DesktopWindow& window) { return window.Content(); }
 
 void DesktopWindow::AddToTabOrder(QWidget& widget, int tabIndex) {
   native_->tabOrder_.emplace_back(tabIndex, &widget);
