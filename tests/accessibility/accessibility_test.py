@@ -13,7 +13,7 @@ import time
 import unittest
 
 import private_desktop
-from private_desktop import wait_for, wait_until
+from private_desktop import PATIENCE, wait_for, wait_until
 
 SKIPPED = 77
 
@@ -25,8 +25,8 @@ if __name__ == "__main__":
         sys.exit(SKIPPED)
     private_desktop.bring_up(SESSION)
 
-from program import (Program, STATE_CHECKED, STATE_SELECTED, STATE_VISIBLE,  # noqa: E402
-                     find, has, line_at, role_of, text_of, walk)
+from program import (Program, STATE_CHECKED, STATE_PRESSED, STATE_SELECTED,  # noqa: E402
+                     STATE_VISIBLE, find, has, line_at, role_of, text_of, walk)
 import pyatspi  # noqa: E402
 from gi.repository import GLib  # noqa: E402
 
@@ -35,7 +35,8 @@ STRUCTURE = ("filler", "panel", "separator")
 # Not on screen until their menu opens, but there to be read.
 IN_MENUS = ("popup menu", "menu item", "separator", "list", "list item")
 
-TIME_LIMIT_OF_UPDATE_CHECK = 35  # s
+HALF_OF_THE_CHECK = 15  # s
+
 
 def labels_of(field):
     """The texts of the labels to which a field is tied."""
@@ -94,7 +95,7 @@ class Assistive(unittest.TestCase):
         program.choose("button", "Show isotopes")
         self.check_names(program.window("Isotopes"), [])
         program.press("ctrl+u")
-        update = program.window("Update", seconds=TIME_LIMIT_OF_UPDATE_CHECK)
+        update = program.window("Update")
         self.check_names(update, [])
         self.assertIsNotNone(find(update, "text", "Download location"))
         result = ("Web connection was unsuccessful.\n"
@@ -134,7 +135,8 @@ class Assistive(unittest.TestCase):
             program.choose("check box", "Apply nitrogen rule")
             wait_for(on, lambda: has(nitrogen, STATE_CHECKED))
             self.assertEqual(marked(), {"Apply nitrogen rule"} if on else set())
-        program.press("Alt_L", "Down", *["Down"] * 5)
+        # Not Alt: the bus hands keys on late, and one that was let go before isn't taken for Alt alone.
+        program.press("F10", *["Down"] * 6)
         wait_until(lambda: has(items["Show isotope data"], STATE_VISIBLE), "the menu is open")
         program.press("Return")
         program.window("Isotopes")
@@ -254,7 +256,7 @@ class Assistive(unittest.TestCase):
         self.assertEqual(program.printed(), expected.split())
 
         program.press("ctrl+q")
-        self.assertEqual(program.process.wait(timeout=10), 0)
+        self.assertEqual(program.process.wait(PATIENCE), 0)
 
 
 @unittest.skipUnless("WAYLAND_DISPLAY" in os.environ, "needs a Wayland session")
@@ -294,7 +296,7 @@ class WaitingForTheServer(unittest.TestCase):
     def setUp(self):
         self.proxy = socket.create_server(("127.0.0.1", 0))
         self.addCleanup(self.proxy.close)
-        self.proxy.settimeout(10)
+        self.proxy.settimeout(PATIENCE)
         os.environ["https_proxy"] = "http://127.0.0.1:%d" % self.proxy.getsockname()[1]
         self.addCleanup(os.environ.pop, "https_proxy")
         self.program = Program(Assistive.BINARY)
@@ -312,7 +314,7 @@ class WaitingForTheServer(unittest.TestCase):
         before = text_of(program.results)
         call = self.begin_check()
         self.press_over_bus("button", "Clear")
-        time.sleep(0.3)  # A press takes a while.
+        wait_until(lambda: not has(find(program.main, "button", "Clear"), STATE_PRESSED), "it is up")
         program.press("5", "8", "Return")
         self.press_over_bus("menu item", "Check for updates...")
         time.sleep(0.3)
@@ -331,7 +333,7 @@ class WaitingForTheServer(unittest.TestCase):
                     lambda: self.program.press("alt+F4")):
             call = self.begin_check()
             end()
-            self.assertEqual(self.program.process.wait(timeout=5), 0)
+            self.assertEqual(self.program.process.wait(HALF_OF_THE_CHECK), 0)
             call.close()
             self.program = Program(Assistive.BINARY)
             self.addCleanup(self.program.kill)

@@ -14,6 +14,7 @@ OF_SESSION = {
     "wayland": {"sway": "sway", "wtype": "wtype", "wl-paste": "wl-clipboard"}}
 WAYLAND_PLUGINS = "/usr/lib/*/qt6/plugins/platforms/libqwayland*"
 NOBODY = 65534
+PATIENCE = 60  # s: longer than the busiest machine takes.
 BUS_LAUNCHER = "/usr/libexec/at-spi-bus-launcher"
 
 
@@ -31,7 +32,7 @@ def missing_packages(session):
     return missing
 
 
-def wait_until(condition, what, seconds=10):
+def wait_until(condition, what, seconds=PATIENCE):
     """The first true value of condition, asked again and again for so many seconds at most."""
     end = time.monotonic() + seconds
     while True:

@@ -6,15 +6,14 @@ import subprocess
 import pyatspi
 from gi.repository import Atspi, GLib
 
-from private_desktop import wait_for, wait_until
+from private_desktop import PATIENCE, wait_for, wait_until
 
 STATE_ACTIVE = pyatspi.STATE_ACTIVE
 STATE_CHECKED = pyatspi.STATE_CHECKED
 STATE_FOCUSED = pyatspi.STATE_FOCUSED
+STATE_PRESSED = pyatspi.STATE_PRESSED
 STATE_SELECTED = pyatspi.STATE_SELECTED
 STATE_VISIBLE = pyatspi.STATE_VISIBLE
-
-LONG_TEXT = 10_000  # ms that an answer may take under sanitizers
 
 
 def has(node, state):
@@ -53,7 +52,7 @@ def line_at(text, offset):
 
 class Program:
     def __init__(self, binary, start=subprocess.Popen):
-        Atspi.set_timeout(LONG_TEXT, LONG_TEXT)
+        Atspi.set_timeout(PATIENCE * 1000, PATIENCE * 1000)
         self.said = []
         self.listener = Atspi.EventListener.new(self._hear)
         for kind in ("object:announcement", "object:state-changed:showing"):
@@ -98,7 +97,7 @@ class Program:
                 return frame
         return None
 
-    def window(self, title, seconds=10):
+    def window(self, title):
         """The window of that title, once the keyboard is in it."""
         def reached():
             try:
@@ -106,7 +105,7 @@ class Program:
                 return frame if frame and frame.name == title and self.focused() else None
             except GLib.Error:  # A window that is just coming or going.
                 return None
-        return wait_until(reached, f"window {title!r} has the keyboard", seconds)
+        return wait_until(reached, f"window {title!r} has the keyboard")
 
     def focused(self):
         """The control that has the focus, as (role, name)."""

@@ -2,6 +2,7 @@
 #include <QPushButton>
 #include <gtest/gtest.h>
 
+#include "tests/support/patience.h"
 #include "tests/support/program.h"
 #include "update/update_window.h"
 
@@ -38,7 +39,7 @@ TEST_F(Ending, OfAWindowWaitsForItsHandlers) {
     EXPECT_NE(window_, nullptr);
   };
   QTest::mouseClick(ToolkitSide::Of(Update().PushButton1), Qt::LeftButton);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return window_ == nullptr; }));
+  EXPECT_TRUE(WaitFor([&] { return window_ == nullptr; }));
 }
 
 TEST_F(Ending, OfAWindowLeavesTheBoxForExceptions) {
@@ -49,7 +50,7 @@ TEST_F(Ending, OfAWindowLeavesTheBoxForExceptions) {
   Update().PushButton1.Press();
   ASSERT_NE(Box(), nullptr) << "the handler has returned";
   Update().Close();
-  EXPECT_TRUE(QTest::qWaitFor([&] { return window_ == nullptr; }));
+  EXPECT_TRUE(WaitFor([&] { return window_ == nullptr; }));
   for (const char* next : {"no luck", "<b>again</b>"}) {
     what = next;
     Program::Choose("FileUpdate");
