@@ -87,11 +87,16 @@ class DesktopApplication {
 
   ImplicitInstance* Find(std::type_index type) const;
   void EndReleased();
+  /// Makes the box that shows exceptions and keeps memory back for its use, as later there may be
+  /// none.
+  void PrepareToTell();
+  void Tell(const std::exception_ptr& caught);
 
   int exitCode_ = 0;
   std::unique_ptr<QApplication> toolkit_;  // Empty where the process has one already.
   std::unique_ptr<HeldInput> input_;
-  std::unique_ptr<QMessageBox> exceptions_;  // The box that shows them, once there was one.
+  std::unique_ptr<QMessageBox> exceptions_;  // The box that shows them.
+  std::unique_ptr<char[]> reserve_;          // Memory kept back for it, until it shows one.
   std::vector<std::pair<std::type_index, std::unique_ptr<ImplicitInstance>>> instances_;
   std::vector<std::unique_ptr<ImplicitInstance>> ending_;  // Released, maybe under way still.
   DesktopMenuBar* menuBar_ = nullptr;

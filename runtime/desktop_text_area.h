@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -26,6 +27,8 @@ class DesktopTextArea : public DesktopTextControl {
   void SelectedText(std::string_view text);
   /// Likewise with a text of `length` bytes that comes in pieces.
   void SelectedText(std::size_t length, const TextPieces& pieces);
+  /// Calls `write`. What it writes here is one step of Undo, and nothing of it stays if it throws.
+  void AsOneStep(const std::function<void()>& write);
 
   /// The line that holds the character at `position`, or the text's end.
   std::int64_t LineNumber(std::int64_t position) const;

@@ -4,6 +4,7 @@
 
 #include "engine/global_strings.h"
 #include "runtime/graphics.h"
+#include "runtime/memory.h"
 #include "runtime/printer_setup.h"
 #include "runtime/styled_text_printer.h"
 #include "ui/text_window.h"

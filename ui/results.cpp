@@ -1,6 +1,7 @@
 #include "ui/results.h"
 
 #include "engine/run.h"
+#include "runtime/memory.h"
 #include "ui/additional_elements_window.h"
 #include "ui/isotopes_window.h"
 #include "ui/spoken_texts.h"
@@ -26,25 +27,31 @@ class WindowControls : public RunControls {
 
 void Module1::Print(std::string_view text) {
   DesktopTextArea& results = TextWindow::Instance().textfield2;
-  results.SelectedText(text);
-  results.SelectedText("\r");
+  results.AsOneStep([&] {
+    results.SelectedText(text);
+    results.SelectedText("\r");
+  });
 }
 
 void Module1::Print(const Listing& listing) {
   DesktopTextArea& results = TextWindow::Instance().textfield2;
-  results.SelectedText(listing.Length(), [&listing](const auto& take) { listing.Write(take); });
-  results.SelectedText("\r");
+  results.AsOneStep([&] {
+    results.SelectedText(listing.Length(), [&listing](const auto& take) { listing.Write(take); });
+    results.SelectedText("\r");
+  });
 }
 
 void Module1::calculate() {
-  WindowControls controls;
-  TextWindow::Instance().Announce(SpokenOutcome(calculate(controls)));
+  WithMemoryFor("the listing", [] {
+    WindowControls controls;
+    TextWindow::Instance().Announce(SpokenOutcome(calculate(controls)));
+  });
 }
 
 void WriteAndScroll(void (*writer)(), int step) {
   DesktopTextArea& results = TextWindow::Instance().textfield2;
   const std::int64_t line = results.LineNumber(results.TextLength());
-  writer();
+  results.AsOneStep(writer);
   results.VerticalScrollPosition(line + step);
 }
 

@@ -1,5 +1,6 @@
 #include "ui/text_window.h"
 
+#include "runtime/memory.h"
 #include "ui/additional_elements_window.h"
 #include "ui/edit_element_window.h"
 #include "ui/help_texts.h"
@@ -133,7 +134,10 @@ bool TextWindow::FileElementdata_Action() {
 }
 
 bool TextWindow::FileUpdate_Action() {
-  if (CheckForUpdates) CheckForUpdates();
+  WithMemoryFor("the check for updates", [this] {
+    RequireMemory();
+    if (CheckForUpdates) CheckForUpdates();
+  });
   return false;
 }
 

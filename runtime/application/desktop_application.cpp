@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cassert>
+#include <csignal>
+#include <new>
 
 #if __has_include(<unistd.h>)
 #include <unistd.h>
@@ -9,9 +11,11 @@
 #include <process.h>
 #endif
 
+#include <QBackingStore>
 #include <QIcon>
 #include <QMessageBox>
 #include <QThread>
+#include <QWidget>
 
 #include "runtime/appearance/outlined_style.h"
 #include "runtime/appearance/system_appearance.h"
@@ -32,11 +36,21 @@ int running = 0;  // Handlers and events of the toolkit that are on the stack.
 std::string Describe(const std::exception_ptr& caught) {
   try {
     std::rethrow_exception(caught);
+  } catch (const std::bad_alloc&) {
+    return "There is not enough memory for it.";
   } catch (const std::exception& error) {
     return error.what();
   } catch (...) {
     return "unknown error";
   }
+}
+
+/// Where the memory doesn't suffice for the picture of a window, the toolkit says nothing and
+/// paints on none, which ends the program.
+bool HasPicture(const QWidget& painted) {
+  QBackingStore* store = painted.backingStore();
+  const QPaintDevice* picture = store != nullptr ? store->paintDevice() : nullptr;
+  return picture == nullptr || picture->devType() != QInternal::Image || picture->width() > 0;
 }
 
 }  // namespace
@@ -55,12 +69,16 @@ class DesktopApplication::Running {
 bool GuardedApplication::notify(QObject* receiver, QEvent* event) {
   // Threads of the toolkit's own come by here too.
   if (QThread::currentThread() != thread()) return QApplication::notify(receiver, event);
+  if (event->type() == QEvent::Paint && receiver->isWidgetType() &&
+      !HasPicture(static_cast<QWidget&>(*receiver))) {
+    return true;
+  }
   const DesktopApplication::Running underWay;
   try {
     return QApplication::notify(receiver, event);
   } catch (...) {
     if (current == nullptr) throw;
-    current->UnhandledException(Describe(std::current_exception()));
+    current->Tell(std::current_exception());
     return false;
   }
 }
@@ -96,6 +114,9 @@ DesktopApplication::DesktopApplication(int& argc, char** argv,
   SilenceAssistiveMessages();
   InstallAccessibleTextArea();
   input_ = std::make_unique<HeldInput>();
+#ifdef SIGXFSZ
+  std::signal(SIGXFSZ, SIG_IGN);  // A file that may not grow further is told as on a full disk.
+#endif
 }
 
 DesktopApplication::~DesktopApplication() {
@@ -116,6 +137,7 @@ DesktopApplication& DesktopApplication::Current() {
 void DesktopApplication::Start() {
   Raise([this] { Event_Opening(); });
   Raise([this] { MakeDefaultView(); });
+  PrepareToTell();
 }
 
 int DesktopApplication::Run() {
@@ -131,20 +153,36 @@ void DesktopApplication::Raise(const std::function<void()>& handler) {
   try {
     if (handler) handler();
   } catch (...) {
-    UnhandledException(Describe(std::current_exception()));
+    Tell(std::current_exception());
+  }
+}
+
+void DesktopApplication::PrepareToTell() {
+  constexpr std::size_t kReserve = 8 << 20;  // Memory that isn't used isn't taken from the system.
+  exceptions_ =
+      std::make_unique<QMessageBox>(QMessageBox::Warning, QApplication::applicationName(),
+                                    QStringLiteral("The last command could not be completed."),
+                                    QMessageBox::Ok, ToolkitSide::DocumentWindow());
+  exceptions_->setTextFormat(Qt::PlainText);
+  exceptions_->setWindowModality(Qt::ApplicationModal);
+  const auto keep = [this] { reserve_.reset(new (std::nothrow) char[kReserve]); };
+  QObject::connect(exceptions_.get(), &QDialog::finished, keep);
+  keep();
+}
+
+void DesktopApplication::Tell(const std::exception_ptr& caught) {
+  reserve_.reset();
+  try {
+    UnhandledException(Describe(caught));
+  } catch (const std::bad_alloc&) {
+    // There is no memory even for words; the program goes on.
   }
 }
 
 void DesktopApplication::UnhandledException(const std::string& what) {
   QString text = QString::fromStdString(what);
-  if (exceptions_ == nullptr) {
-    exceptions_ =
-        std::make_unique<QMessageBox>(QMessageBox::Warning, QApplication::applicationName(),
-                                      QStringLiteral("The last command could not be completed."),
-                                      QMessageBox::Ok, ToolkitSide::DocumentWindow());
-    exceptions_->setTextFormat(Qt::PlainText);
-    exceptions_->setWindowModality(Qt::ApplicationModal);
-  } else if (exceptions_->isVisible()) {
+  if (exceptions_ == nullptr) PrepareToTell();
+  if (exceptions_->isVisible()) {
     const QString shown = exceptions_->informativeText();
     if (shown.contains(text)) return;
     text = shown + u'\n' + text;

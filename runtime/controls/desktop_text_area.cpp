@@ -34,6 +34,9 @@ void DesktopTextArea::SelectedText(std::string_view text) {
 void DesktopTextArea::SelectedText(std::size_t length, const TextPieces& pieces) {
   Native<TextAreaView>().InsertText(length, pieces);
 }
+void DesktopTextArea::AsOneStep(const std::function<void()>& write) {
+  Native<TextAreaView>().AsOneStep(write);
+}
 
 std::int64_t DesktopTextArea::LineNumber(std::int64_t position) const {
   return Native<TextAreaView>().LineNumber(

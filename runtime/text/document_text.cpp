@@ -5,6 +5,7 @@
 
 #include <QTextBlock>
 
+#include "runtime/memory.h"
 #include "runtime/text/toolkit_strings.h"
 
 namespace peakwright {
@@ -14,6 +15,7 @@ namespace {
 // the start of what was written, comes in short ones.
 constexpr int kFirstLinesPerBlock = 32;
 constexpr int kMostLinesPerBlock = 256;
+constexpr qsizetype kBetweenLooks = 1'000'000;  // characters, at memory
 constexpr int kIsLineFeed = QTextFormat::UserProperty + 1;
 
 /// The format of the character that ends a block. It goes and comes back with the character.
@@ -146,6 +148,11 @@ std::size_t DocumentWriter::GatherEvenLines(std::string_view text, std::size_t l
 }
 
 void DocumentWriter::Finish() {
+  sinceLook_ += gathered_.size();
+  if (sinceLook_ > kBetweenLooks) {
+    RequireMemory();
+    sinceLook_ = 0;
+  }
   cursor_.insertText(gathered_, QTextCharFormat());
   gathered_.resize(0);
 }

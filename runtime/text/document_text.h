@@ -27,7 +27,8 @@ class DocumentWriter {
  public:
   /// Writes at `cursor`, which has no selection and must outlive the writer.
   explicit DocumentWriter(QTextCursor& cursor);
-  /// Takes a piece in UTF-8. A character is never spread over two.
+  /// Takes a piece in UTF-8. Throws std::bad_alloc where the document would outgrow the memory. A
+  /// character is never spread over two.
   void Write(std::string_view piece);
   /// Writes what is left.
   void Finish();
@@ -42,12 +43,13 @@ class DocumentWriter {
   void EndBlock(char lineEnd);
 
   QTextCursor& cursor_;
-  QString gathered_;       // What goes into the block next.
-  BlockLines known_;       // Of the block so far.
-  int linesPerBlock_;      // From when on a line feed ends a block.
-  int lineLength_ = 0;     // Of its last line.
-  bool maybeEven_ = true;  // Nothing yet against lines of one length in the block.
-  bool fromStart_;         // All of the block is ours.
+  QString gathered_;         // What goes into the block next.
+  BlockLines known_;         // Of the block so far.
+  int linesPerBlock_;        // From when on a line feed ends a block.
+  int lineLength_ = 0;       // Of its last line.
+  bool maybeEven_ = true;    // Nothing yet against lines of one length in the block.
+  bool fromStart_;           // All of the block is ours.
+  qsizetype sinceLook_ = 0;  // Characters written since memory was last looked at.
 };
 
 }  // namespace peakwright

@@ -1,6 +1,7 @@
 #include "runtime/text/text_area_view.h"
 
 #include <algorithm>
+#include <bit>
 #include <stdexcept>
 #include <utility>
 
@@ -11,8 +12,8 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextLayout>
-#include <QTimer>
 
+#include "runtime/memory.h"
 #include "runtime/text/document_text.h"
 #include "runtime/text/line_counting_layout.h"
 
@@ -21,6 +22,12 @@ namespace {
 
 // Positions in a document are ints; what is undone stays in its buffer.
 constexpr std::size_t kMostCharacters = 1'000'000'000;
+constexpr std::size_t kLongText = 1'000'000;  // Shorter ones go into the smallest memory.
+
+/// What the toolkit's buffer takes that has come to hold so many characters one by one.
+std::size_t BufferBytes(std::size_t characters) {
+  return std::bit_ceil(characters * sizeof(QChar));
+}
 
 /// Makes one step of Undo of what a cursor does meanwhile.
 class EditBlock {
@@ -74,9 +81,10 @@ std::string TextAreaView::Text() const { return TextOf(*document()); }
 
 void TextAreaView::ReplaceText(std::string_view text) {
   if (text.empty() && document()->isEmpty()) return;
+  std::unique_ptr<QTextDocument> made = NewDocument();
   shown_->clearUndoRedoStacks(QTextDocument::RedoStack);
   std::unique_ptr<QTextDocument> replaced = std::move(shown_);
-  Show(NewDocument());
+  Show(std::move(made));
   earlier_ = std::move(replaced);
   later_.reset();
   if (!text.empty()) InsertText(text);
@@ -88,21 +96,55 @@ void TextAreaView::InsertText(std::string_view text) {
 
 void TextAreaView::InsertText(std::size_t length, const TextPieces& pieces) {
   QTextCursor cursor = textCursor();
-  const int staying = TextLength() - (cursor.selectionEnd() - cursor.selectionStart());
-  if (length + static_cast<std::size_t>(staying) > kMostCharacters) {
+  const auto present = static_cast<std::size_t>(TextLength());
+  const auto going = static_cast<std::size_t>(cursor.selectionEnd() - cursor.selectionStart());
+  if (length + present - going > kMostCharacters) {
     throw std::length_error("The results area is full. Clear it to go on.");
   }
+  // What is replaced stays in the buffer, for Undo.
+  if (length > kLongText) RequireMemory(BufferBytes(present + length) - BufferBytes(present));
+  AsOneStep([&] {
+    const HeldStill held(*viewport());
+    const int top = verticalScrollBar()->value();
+    {
+      const EditBlock block(cursor, document()->availableUndoSteps() > stepsBefore_);
+      cursor.removeSelectedText();
+      DocumentWriter writer(cursor);
+      pieces([&writer](std::string_view piece) { writer.Write(piece); });
+      writer.Finish();
+    }
+    setTextCursor(cursor);
+    verticalScrollBar()->setValue(top);
+  });
+}
+
+void TextAreaView::AsOneStep(const std::function<void()>& write) {
+  if (isInStep_) {
+    write();
+    return;
+  }
+  const int anchor = textCursor().anchor();
+  const int position = textCursor().position();
+  stepsBefore_ = document()->availableUndoSteps();
+  isInStep_ = true;
+  try {
+    write();
+    isInStep_ = false;
+  } catch (...) {
+    isInStep_ = false;
+    TakeBack(anchor, position);
+    throw;
+  }
+}
+
+void TextAreaView::TakeBack(int anchor, int position) {
   const HeldStill held(*viewport());
   const int top = verticalScrollBar()->value();
-  {
-    const EditBlock block(cursor, joinsNext_);
-    joinsNext_ = true;
-    QTimer::singleShot(0, this, [this] { joinsNext_ = false; });
-    cursor.removeSelectedText();
-    DocumentWriter writer(cursor);
-    pieces([&writer](std::string_view piece) { writer.Write(piece); });
-    writer.Finish();
-  }
+  while (document()->availableUndoSteps() > stepsBefore_) document()->undo();
+  document()->clearUndoRedoStacks(QTextDocument::RedoStack);
+  QTextCursor cursor = textCursor();
+  cursor.setPosition(anchor);
+  cursor.setPosition(position, QTextCursor::KeepAnchor);
   setTextCursor(cursor);
   verticalScrollBar()->setValue(top);
 }
@@ -124,7 +166,6 @@ std::pair<int, int> TextAreaView::LineAround(int position) const {
 }
 
 void TextAreaView::Undo() {
-  joinsNext_ = false;
   if (document()->isUndoAvailable()) {
     undo();
   } else if (earlier_ != nullptr) {
@@ -186,16 +227,20 @@ void TextAreaView::contextMenuEvent(QContextMenuEvent* event) {
 }
 
 QMimeData* TextAreaView::createMimeDataFromSelection() const {
-  QString text = textCursor().selectedText();
-  text.replace(QChar::ParagraphSeparator, u'\n').replace(kLineFeed, u'\n');
-  auto* copied = new QMimeData;  // The caller's.
-  copied->setText(text);
-  return copied;
+  auto copied = std::make_unique<QMimeData>();
+  WithMemoryFor("copying", [&] {
+    QString text = textCursor().selectedText();
+    text.replace(QChar::ParagraphSeparator, u'\n').replace(kLineFeed, u'\n');
+    copied->setText(text);
+  });
+  return copied.release();  // The caller's.
 }
 
 void TextAreaView::insertFromMimeData(const QMimeData* source) {
   if (!source->hasText()) return;
-  InsertText(source->text().replace(QStringLiteral("\r\n"), QStringLiteral("\n")).toStdString());
+  WithMemoryFor("pasting", [&] {
+    InsertText(source->text().replace(QStringLiteral("\r\n"), QStringLiteral("\n")).toStdString());
+  });
   ensureCursorVisible();
 }
 

@@ -29,10 +29,13 @@ class TextAreaView : public QPlainTextEdit {
   void ReplaceText(std::string_view text);
   /// Replaces the selection, or inserts at the insertion point, and leaves the insertion point
   /// behind the text. Doesn't scroll. Throws std::length_error if the text would grow past what
-  /// the toolkit can number; nothing is changed then. What one event inserts is one step of Undo.
+  /// the toolkit can number; nothing is changed then.
   void InsertText(std::string_view text);
   /// Likewise with a text of `length` bytes that comes in pieces.
   void InsertText(std::size_t length, const TextPieces& pieces);
+  /// Calls `write`. What is inserted meanwhile is one step of Undo; if `write` throws, text and
+  /// steps are again as they were, but nothing is left to redo.
+  void AsOneStep(const std::function<void()>& write);
 
   int TextLength() const { return document()->characterCount() - 1; }
   /// The displayed line, from 0, that holds a position, in UTF-16 units from 0.
@@ -59,12 +62,14 @@ class TextAreaView : public QPlainTextEdit {
  private:
   std::unique_ptr<QTextDocument> NewDocument();
   void Show(std::unique_ptr<QTextDocument> document);
+  void TakeBack(int anchor, int position);
   void TellChange(int from, int removed, int added);
   void Recount();
   LineCountingLayout& Layout() const;
   QTextLine LaidOutLine(const QTextBlock& block, int position) const;
 
-  bool joinsNext_ = false;  // The next insertion belongs to the same event.
+  bool isInStep_ = false;
+  int stepsBefore_ = 0;  // The steps of Undo when the present one began, as the toolkit counts.
   std::unique_ptr<QTextDocument> shown_;
   std::unique_ptr<QTextDocument>
       earlier_;                           // What Undo shows when the shown text has no more steps.

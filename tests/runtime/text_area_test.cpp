@@ -178,6 +178,32 @@ TEST(TextArea, CountsWhatAnInsertionReplacesBeforeItRefuses) {
   EXPECT_EQ(view.Text(), "new");
 }
 
+TEST(TextArea, LeavesNothingOfAStepThatFails) {
+  ShownView view;
+  view.InsertText("first");
+  view.InsertText(" second");
+  view.Undo();
+  view.Select(4, 2);
+  const auto fails = [](const auto& insert) {
+    insert(Rows(600, '\n') + "\r");
+    throw std::bad_alloc();
+  };
+  EXPECT_THROW(view.InsertText(0, fails), std::bad_alloc);
+  const auto writes = [&] {
+    view.InsertText("one\r");
+    view.InsertText(0, fails);
+  };
+  EXPECT_THROW(view.AsOneStep(writes), std::bad_alloc);
+  EXPECT_EQ(view.Text(), "first");
+  EXPECT_EQ(view.textCursor().anchor(), 4);
+  EXPECT_EQ(view.textCursor().position(), 2);
+  EXPECT_EQ(view.document()->lineCount(), 1);
+  EXPECT_FALSE(view.CanRedo());
+  view.Undo();
+  EXPECT_EQ(view.Text(), "");
+  EXPECT_FALSE(view.CanUndo());
+}
+
 TEST(TextArea, CopiesAndPastesOrdinaryLines) {
   ShownView view;
   view.InsertText("one\ntwo\rthree");
