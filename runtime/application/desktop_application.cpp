@@ -23,6 +23,7 @@
 #include "runtime/application/held_input.h"
 #include "runtime/application/toolkit_side.h"
 #include "runtime/speech/accessible_text_area.h"
+#include "runtime/speech/accessible_text_field.h"
 #include "runtime/speech/toolkit_messages.h"
 #include "runtime/text/toolkit_strings.h"
 #include "runtime/transfers/https_request.h"
@@ -113,6 +114,7 @@ DesktopApplication::DesktopApplication(int& argc, char** argv,
   OutlineControls();
   SilenceAssistiveMessages();
   InstallAccessibleTextArea();
+  InstallAccessibleTextField();
   input_ = std::make_unique<HeldInput>();
 #ifdef SIGXFSZ
   std::signal(SIGXFSZ, SIG_IGN);  // A file that may not grow further is told as on a full disk.

@@ -1,16 +1,14 @@
 #include "runtime/speech/accessible_text_area.h"
 
 #include <algorithm>
-#include <memory>
-#include <tuple>
-#include <utility>
 
 #include <QAccessible>
-#include <QAccessibleWidget>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextCursor>
+#include <QTextLayout>
 
+#include "runtime/speech/accessible_text.h"
 #include "runtime/text/text_area_view.h"
 
 namespace peakwright {
@@ -52,71 +50,35 @@ void AnnounceChange(TextAreaView& view, int from, int removed, int added) {
   }
 }
 
-/// Offsets are in UTF-16 units, as the toolkit's are. Lines and their like leave no gaps: each
-/// reaches to the start of the next, over the line end or the blank where the text wraps.
-class AccessibleTextArea : public QAccessibleWidget,
-                           public QAccessibleTextInterface,
-                           public QAccessibleEditableTextInterface {
+class AccessibleTextArea : public AccessibleText {
  public:
   explicit AccessibleTextArea(TextAreaView& view)
-      : QAccessibleWidget(&view, QAccessible::EditableText), view_(view) {
+      : AccessibleText(view, QAccessible::EditableText), view_(view) {
     view.Changed = [&view](int from, int removed, int added) {
       AnnounceChange(view, from, removed, added);
     };
   }
 
-  void* interface_cast(QAccessible::InterfaceType type) override {
-    if (type == QAccessible::TextInterface) return static_cast<QAccessibleTextInterface*>(this);
-    if (type == QAccessible::EditableTextInterface) {
-      return static_cast<QAccessibleEditableTextInterface*>(this);
-    }
-    return QAccessibleWidget::interface_cast(type);
-  }
-
   QAccessible::State state() const override {
-    QAccessible::State state = QAccessibleWidget::state();
-    state.editable = true;
+    QAccessible::State state = AccessibleText::state();
     state.multiLine = true;
-    state.selectableText = true;
     return state;
   }
 
-  QString text(QAccessible::Text kind) const override {
-    return kind == QAccessible::Value ? text(0, characterCount()) : QAccessibleWidget::text(kind);
-  }
+  using AccessibleText::text;
+  int characterCount() const override { return view_.TextLength(); }
+  QString text(int start, int end) const override { return TextBetween(view_, start, end); }
 
+  int cursorPosition() const override { return view_.textCursor().position(); }
   void selection(int index, int* start, int* end) const override {
     const QTextCursor cursor = view_.textCursor();
     const bool selected = index == 0 && cursor.hasSelection();
     *start = selected ? cursor.selectionStart() : 0;
     *end = selected ? cursor.selectionEnd() : 0;
   }
-  int selectionCount() const override { return view_.textCursor().hasSelection() ? 1 : 0; }
-  void addSelection(int start, int end) override { Select(start, end); }
-  void removeSelection(int) override { setCursorPosition(cursorPosition()); }
-  void setSelection(int, int start, int end) override { Select(start, end); }
-  int cursorPosition() const override { return view_.textCursor().position(); }
-  void setCursorPosition(int offset) override { Select(offset, offset); }
-  int characterCount() const override { return view_.TextLength(); }
-
-  QString text(int start, int end) const override { return TextBetween(view_, start, end); }
-
-  QString textBeforeOffset(int offset, QAccessible::TextBoundaryType type, int* start,
-                           int* end) const override {
-    return Unit(UnitAround(offset, type).first - 1, type, start, end);
-  }
-  QString textAtOffset(int offset, QAccessible::TextBoundaryType type, int* start,
-                       int* end) const override {
-    return Unit(offset, type, start, end);
-  }
-  QString textAfterOffset(int offset, QAccessible::TextBoundaryType type, int* start,
-                          int* end) const override {
-    const int next = UnitAround(offset, type).second;
-    return Unit(next < characterCount() ? next : kNowhere, type, start, end);
-  }
 
   QRect characterRect(int offset) const override {
-    QTextCursor cursor = CursorOver(offset, offset);
+    QTextCursor cursor = CursorOver(view_, offset, offset);
     const QRect left = view_.cursorRect(cursor);
     cursor.movePosition(QTextCursor::NextCharacter);
     const QRect right = view_.cursorRect(cursor);
@@ -129,73 +91,32 @@ class AccessibleTextArea : public QAccessibleWidget,
   void scrollToSubstring(int start, int) override {
     view_.verticalScrollBar()->setValue(view_.LineNumber(Within(start)));
   }
-  QString attributes(int, int* start, int* end) const override {
-    *start = 0;
-    *end = characterCount();
-    return {};
-  }
-
-  void deleteText(int start, int end) override { replaceText(start, end, {}); }
-  void insertText(int offset, const QString& text) override { replaceText(offset, offset, text); }
-  void replaceText(int start, int end, const QString& text) override {
-    Select(start, end);
-    view_.InsertText(text.toStdString());
-  }
 
  private:
-  static constexpr int kNowhere = -1;
-
-  int Within(int offset) const { return peakwright::Within(view_, offset); }
-  QTextCursor CursorOver(int start, int end) const {
-    return peakwright::CursorOver(view_, start, end);
-  }
-  void Select(int start, int end) { view_.setTextCursor(CursorOver(start, end)); }
-
-  QString Unit(int offset, QAccessible::TextBoundaryType type, int* start, int* end) const {
-    *start = kNowhere;
-    *end = kNowhere;
-    if (offset < 0 || offset > characterCount()) return {};
-    std::tie(*start, *end) = UnitAround(offset, type);
-    return text(*start, *end);
+  Span UnitAround(int offset, QAccessible::TextBoundaryType type) const override {
+    if (type == QAccessible::LineBoundary) return view_.LineAround(offset);
+    const QTextBlock block = view_.document()->findBlock(offset);
+    const int inside = offset - block.position();
+    const auto [start, end] = type == QAccessible::WordBoundary ? WordIn(block, inside)
+                                                                : ParagraphIn(block.text(), inside);
+    return {block.position() + start, Within(block.position() + end)};
   }
 
-  std::pair<int, int> UnitAround(int offset, QAccessible::TextBoundaryType type) const {
-    offset = Within(offset);
-    switch (type) {
-      case QAccessible::CharBoundary:
-        return {offset, Within(offset + 1)};
-      case QAccessible::WordBoundary:
-        return WordAround(offset);
-      case QAccessible::LineBoundary:
-        return view_.LineAround(offset);
-      case QAccessible::SentenceBoundary:
-      case QAccessible::ParagraphBoundary:
-        return ParagraphAround(offset);
-      case QAccessible::NoBoundary:
-        break;
-    }
-    return {0, characterCount()};
-  }
-
-  std::pair<int, int> WordAround(int offset) const {
-    QTextCursor cursor = CursorOver(offset, offset);
-    cursor.movePosition(QTextCursor::StartOfWord);
-    const int start = cursor.position();
-    cursor.movePosition(QTextCursor::NextWord);
-    return {start, std::max(cursor.position(), Within(offset + 1))};
+  /// The last word of a block goes on over the block's end.
+  static Span WordIn(const QTextBlock& block, int offset) {
+    const auto [start, end] = WordAround(*block.layout(), offset);
+    return {start, end == block.length() - 1 ? block.length() : end};
   }
 
   /// From one line end to the next.
-  std::pair<int, int> ParagraphAround(int offset) const {
-    const QTextBlock block = view_.document()->findBlock(offset);
-    const QString text = block.text();
-    const qsizetype inside = offset - block.position();
-    const qsizetype start = text.left(inside).lastIndexOf(QChar::LineSeparator) + 1;
-    const qsizetype lineEnd = text.indexOf(QChar::LineSeparator, inside);
-    const qsizetype end = lineEnd < 0 ? block.length() : lineEnd + 1;
-    return {block.position() + static_cast<int>(start),
-            Within(block.position() + static_cast<int>(end))};
+  static Span ParagraphIn(const QString& text, int offset) {
+    const qsizetype start = text.left(offset).lastIndexOf(QChar::LineSeparator) + 1;
+    const qsizetype lineEnd = text.indexOf(QChar::LineSeparator, offset);
+    return {static_cast<int>(start), static_cast<int>(lineEnd < 0 ? text.size() : lineEnd) + 1};
   }
+
+  void Select(int start, int end) override { view_.setTextCursor(CursorOver(view_, start, end)); }
+  void ReplaceSelection(const QString& text) override { view_.InsertText(text.toStdString()); }
 
   TextAreaView& view_;
 };

@@ -171,6 +171,10 @@ class Assistive(unittest.TestCase):
         program.press("Escape")
         program.fill("Mass:", "58")
         program.press("Return")
+        mass = find(program.main, "text", "Mass:").queryText()
+        self.assertEqual([mass.getTextAtOffset(offset, pyatspi.TEXT_BOUNDARY_WORD_START)
+                          for offset in (-1, 0, 2, 3)],
+                         [("", -1, -1), ("58", 0, 2), ("58", 0, 2), ("", -1, -1)])
         text = program.results.queryText()
         wait_until(lambda: "\n  11)  58.0783" in text_of(program.results), "mass 58 is listed")
         lines = text_of(program.results).splitlines(keepends=True)
