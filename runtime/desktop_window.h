@@ -51,6 +51,8 @@ class DesktopWindow : public ImplicitInstance {
   virtual void Event_Opening() {}
   /// Raised after each change of the content's size, but not at opening.
   virtual void Event_Resized() {}
+  /// Raised by Close. The object may live on for as long as a menu or a dialog is open.
+  virtual void Event_Closing() {}
 
  private:
   friend class DesktopButton;

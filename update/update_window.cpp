@@ -68,6 +68,11 @@ void WindowDownload::Event_Opening() {
                    [this](const std::optional<std::string>& reply) { ShowResult(reply); });
 }
 
+void WindowDownload::Event_Closing() {
+  Checker.Disconnect();
+  FileDownloader.Disconnect();
+}
+
 void WindowDownload::ShowResult(const std::optional<std::string>& reply) {
   result_ = EvaluateVersionReply(reply.has_value(), reply.value_or(""), Module1::version,
                                  Module1::CR, &Color::IsDarkMode);

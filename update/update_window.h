@@ -51,6 +51,7 @@ class WindowDownload : public DesktopWindow {
 
  protected:
   void Event_Opening() override;
+  void Event_Closing() override;
 
  private:
   void PushButton1_Pressed();

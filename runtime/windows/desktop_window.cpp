@@ -205,6 +205,7 @@ void DesktopWindow::Hide() { native_->hide(); }
 
 void DesktopWindow::Close() {
   Hide();
+  DesktopApplication::Current().Raise([this] { Event_Closing(); });
   DesktopApplication::Current().Release(*this);
 }
 

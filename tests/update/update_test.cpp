@@ -282,8 +282,13 @@ TEST_F(Update, ShowsProgressAndEndsItWhenClosed) {
     const auto& bar = static_cast<const QProgressBar&>(*ToolkitSide::Of(Window().ProgressBar1));
     EXPECT_EQ(bar.maximum(), total > 0 ? bar.value() * 2000 : 0) << "0 is busy";
     server_.ended = 0;
-    ToolkitSide::Of(Window())->close();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return server_.ended > 0; }));
+    bool returned = false;
+    QTimer::singleShot(0, &server_, [&] {  // As a menu or a dialog whose loop goes on above.
+      ToolkitSide::Of(Window())->close();
+      EXPECT_TRUE(QTest::qWaitFor([&] { return server_.ended > 0; }));
+      returned = true;
+    });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return returned; }, 20000));
     EXPECT_TRUE(Desktop().isEmpty() && opened_.empty());
   }
   PressDownload(Http(data, 4000000000), Stay);  // The program ends during this one.
