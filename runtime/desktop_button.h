@@ -16,7 +16,7 @@ class DesktopButton : public DesktopUIControl {
   std::string Caption() const;
   void Caption(std::string_view caption);
 
-  /// Acts as a press by the user.
+  /// Acts as a press by the user, and where the button isn't shown, too.
   void Press();
 
   std::function<void()> Pressed;

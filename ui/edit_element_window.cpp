@@ -1,5 +1,7 @@
 #include "ui/edit_element_window.h"
 
+#include <cstdint>
+
 #include "engine/number_text.h"
 #include "ui/additional_elements_window.h"
 #include "ui/isotopes_window.h"
@@ -56,13 +58,18 @@ void Window2::PushButton1_Pressed() {
 }
 
 void Window2::PushButton2_Pressed() {
-  const int row = static_cast<int>(Truncate(Val(textfield2.Text())));
+  DesktopListBox& table = Window3::Instance().ListBox1;
+  const std::int64_t number = Truncate(Val(textfield2.Text()));
+  if (number < 0 || number >= table.RowCount()) {  // No row to change.
+    PushButton1_Pressed();
+    return;
+  }
+  const int row = static_cast<int>(number);
   Window1& counts = Window1::Instance();
   counts.PopupMenu1.AddRowAt(row + 1, textfield1(0).Text());
   counts.PopupMenu1.RemoveRowAt(row + 2);
   const int additional = row - kCoreElementCount;
   if (additional >= 0) counts.NameCount(additional, textfield1(0).Text());
-  DesktopListBox& table = Window3::Instance().ListBox1;
   for (int column = 0; column < table.ColumnCount(); ++column) {
     table.CellTextAt(row, column, textfield1(column).Text());
   }

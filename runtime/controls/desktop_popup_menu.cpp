@@ -18,6 +18,11 @@ class NativePopup : public QComboBox {
  public:
   NativePopup() { setFocusPolicy(Qt::TabFocus); }
 
+  void showPopup() override {
+    // An assistive tool can ask for it where the box isn't on screen.
+    if (isVisible()) QComboBox::showPopup();
+  }
+
  protected:
   void wheelEvent(QWheelEvent* event) override { event->ignore(); }
 

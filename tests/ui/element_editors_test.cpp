@@ -175,6 +175,24 @@ TEST(ElementEditors, TakeWhateverIsTyped) {
   }
 }
 
+TEST(ElementEditors, ChangeNothingWithoutARow) {
+  Program program;
+  Window1& counts = Window1::Instance();
+  Window2& editor = Window2::Instance();
+  for (const char* row : {"99", "-1", "13", "1e300", "-1e300", "2147483647", "4294967296"}) {
+    editor.Edit(12);
+    editor.textfield1(0).Text("?");
+    editor.textfield2.Text(row);
+    Program::Click(editor.PushButton2);
+    EXPECT_FALSE(Program::Shown(editor)) << row;
+    std::string names;
+    for (int i = 0; i < 13; ++i) names += Cell(i, 0) + counts.PopupMenu1.RowTextAt(i + 1);
+    EXPECT_EQ(names, "CCHHNNOOFFClClBrBrIISiSiPPSSXXXxXx") << row;
+    EXPECT_EQ(counts.PopupMenu1.RowCount(), 14) << row;
+    EXPECT_EQ(counts.Label3(8).Text(), "Xx") << row;
+  }
+}
+
 TEST(ElementEditors, PlaceThemselvesOnceBesideTheMainWindow) {
   for (const int left : {40, 700}) {
     Program program;
