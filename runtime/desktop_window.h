@@ -63,6 +63,7 @@ class DesktopWindow : public ImplicitInstance {
   QWidget* Native() const;
   QWidget* Content() const;
   void AddToTabOrder(QWidget& widget, int tabIndex);
+  void LockToBottom(QWidget& widget);
   /// The buttons that Return and Escape press.
   void DefaultButton(QWidget& button);
   void CancelButton(QWidget& button);

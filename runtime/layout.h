@@ -60,9 +60,10 @@ struct ControlLayout {
   bool Bold = false;
   bool Multiline = false;
   bool HasBorder = true;
-  bool Default = false;  ///< Return presses this button.
-  bool Cancel = false;   ///< Escape presses this button.
-  int FontSize = 12;     ///< 0: the system's size.
+  bool Default = false;     ///< Return presses this button.
+  bool Cancel = false;      ///< Escape presses this button.
+  bool LockBottom = false;  ///< Gives way where the display is lower than the window.
+  int FontSize = 12;        ///< 0: the system's size.
   TextAlignment Alignment = TextAlignment::Left;
   std::uint32_t TextColor = 0x000000;
   std::uint32_t BackgroundColor = 0xFFFFFF;  ///< Of fields only.

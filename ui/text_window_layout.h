@@ -14,8 +14,11 @@ inline constexpr ControlLayout kRun{
     .Text = "Run", .Place = {121, 14, 58, 20}, .TabIndex = 2, .Default = true};
 inline constexpr ControlLayout kNitrogenRule{
     .Text = "Apply nitrogen rule", .Place = {251, 4, 159, 20}, .TabIndex = 3};
-inline constexpr ControlLayout kResults{
-    .Text = "", .AccessibleName = "Results", .Place = {8, 48, 492, 600}, .TabIndex = 4};
+inline constexpr ControlLayout kResults{.Text = "",
+                                        .AccessibleName = "Results",
+                                        .Place = {8, 48, 492, 600},
+                                        .TabIndex = 4,
+                                        .LockBottom = true};
 inline constexpr ControlLayout kAdditionalElements{
     .Text = "Additional elements", .Place = {251, 26, 159, 20}, .TabIndex = 5};
 inline constexpr ControlLayout kClear{

@@ -26,6 +26,7 @@ DesktopUIControl::DesktopUIControl(DesktopWindow& window, std::unique_ptr<QWidge
   widget_->setAccessibleName(ToQString(layout.AccessibleName));
   if (!layout.TabStop) widget_->setFocusPolicy(Qt::ClickFocus);
   window.AddToTabOrder(*widget_, layout.TabIndex);
+  if (layout.LockBottom) window.LockToBottom(*widget_);
 }
 
 DesktopUIControl::~DesktopUIControl() = default;

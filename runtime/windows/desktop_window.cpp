@@ -13,6 +13,7 @@
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QScreen>
+#include <QWindow>
 
 #include "runtime/application/held_input.h"
 #include "runtime/application/toolkit_side.h"
@@ -72,6 +73,27 @@ class DesktopWindow::NativeWindow : public QMainWindow {
                                        : display.topLeft() + kFromCorner);
   }
 
+  /// Ends above the display's lower edge. The content is then lower than laid out, and no handler
+  /// of the window knows: what is locked to the bottom gives way.
+  void EndOnDisplay() {
+    // Some window managers tell a frame's size only once the window is shown; this is enough for
+    // the title bars that they have.
+    constexpr int kUntoldFrame = 40;
+    const int top = y();
+    winId();
+    const QMargins frame = windowHandle()->frameMargins();
+    const int around = frame.isNull() ? kUntoldFrame : frame.top() + frame.bottom();
+    const QRect display = screen()->availableGeometry();
+    const int least = height() - contentSize_.height() + centralWidget()->minimumHeight();
+    const int lower = std::min(top + around + height() - (display.bottom() + 1), height() - least);
+    if (!resizeable_ || lower <= 0) return;
+    contentSize_.rheight() -= lower;
+    destroy();  // Once native, a resize would take the frame's place for the content's.
+    resize(width(), height() - lower);
+    layout()->activate();
+    for (QWidget* control : lockedToBottom_) control->resize(control->size() - QSize(0, lower));
+  }
+
   void ApplyTabOrder() {
     std::erase_if(tabOrder_, [](const auto& entry) {
       return (entry.second->focusPolicy() & Qt::TabFocus) == 0;
@@ -92,6 +114,7 @@ class DesktopWindow::NativeWindow : public QMainWindow {
   }
 
   std::vector<std::pair<int, QWidget*>> tabOrder_;
+  std::vector<QWidget*> lockedToBottom_;
   QAbstractButton* defaultButton_ = nullptr;
   QAbstractButton* cancelButton_ = nullptr;
 
@@ -180,6 +203,7 @@ int DesktopWindow::Height() const { return Content()->height(); }
 void DesktopWindow::Open() {
   native_->FitContent();
   native_->Place();
+  native_->EndOnDisplay();
   native_->ApplyTabOrder();
   DesktopApplication::Current().Raise([this] { Event_Opening(); });
   if (visibleAtOpening_) Show();
@@ -231,6 +255,8 @@ void DesktopWindow::AddToTabOrder(QWidget& widget, int tabIndex) {
   native_->tabOrder_.emplace_back(tabIndex, &widget);
   widget.installEventFilter(native_.get());
 }
+
+void DesktopWindow::LockToBottom(QWidget& widget) { native_->lockedToBottom_.push_back(&widget); }
 
 void DesktopWindow::DefaultButton(QWidget& button) {
   native_->defaultButton_ = qobject_cast<QAbstractButton*>(&button);
