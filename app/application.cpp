@@ -10,7 +10,7 @@ namespace peakwright {
 namespace {
 
 constexpr ApplicationIdentity kIdentity{
-    .Name = "Peakwright", .Program = "peakwright", .Version = "1.70"};
+    .Name = "Peakwright", .Program = "peakwright", .Version = PEAKWRIGHT_VERSION};
 
 }  // namespace
 
