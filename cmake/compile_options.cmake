@@ -19,20 +19,26 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
   target_compile_options(peakwright_options INTERFACE -Wno-restrict)
 endif()
 
-# Hardening, where compiler and linker know it: only linkers of ELF files have these -z keywords.
+# Hardening, where compiler and linker know it: only linkers of ELF files have these -z keywords, and
+# only programs for Windows have a control flow guard (of which GCC knows nothing).
 include(CheckCXXCompilerFlag)
 include(CheckLinkerFlag)
 check_linker_flag(CXX LINKER:-z,relro,-z,now PEAKWRIGHT_HAS_RELRO)
 # Clang takes what other processors have, and warns that it is of no use.
 set(CMAKE_REQUIRED_FLAGS -Werror)
 check_cxx_compiler_flag(-fstack-protector-strong PEAKWRIGHT_HAS_STACK_PROTECTOR)
+check_cxx_compiler_flag(-mguard=cf PEAKWRIGHT_HAS_CONTROL_FLOW_GUARD)
 check_cxx_compiler_flag(-fcf-protection PEAKWRIGHT_HAS_CF_PROTECTION)
 check_cxx_compiler_flag(-mbranch-protection=standard PEAKWRIGHT_HAS_BRANCH_PROTECTION)
 unset(CMAKE_REQUIRED_FLAGS)
+set(hardening
+  $<$<BOOL:${PEAKWRIGHT_HAS_STACK_PROTECTOR}>:-fstack-protector-strong>
+  $<$<BOOL:${PEAKWRIGHT_HAS_CONTROL_FLOW_GUARD}>:-mguard=cf>)
+target_compile_options(peakwright_options INTERFACE ${hardening})
+target_link_options(peakwright_options INTERFACE ${hardening})
 if(PEAKWRIGHT_HAS_RELRO)
   target_link_options(peakwright_options INTERFACE LINKER:-z,relro,-z,now)
   target_compile_options(peakwright_options INTERFACE
-    $<$<BOOL:${PEAKWRIGHT_HAS_STACK_PROTECTOR}>:-fstack-protector-strong>
     $<$<BOOL:${PEAKWRIGHT_HAS_CF_PROTECTION}>:-fcf-protection>
     $<$<BOOL:${PEAKWRIGHT_HAS_BRANCH_PROTECTION}>:-mbranch-protection=standard>)
 endif()
