@@ -16,6 +16,7 @@ namespace {
 constexpr int kFirstLinesPerBlock = 32;
 constexpr int kMostLinesPerBlock = 256;
 constexpr qsizetype kBetweenLooks = 1'000'000;  // characters, at memory
+constexpr qsizetype kFullBlock = 32'768;  // Characters from which on a line feed ends it, too.
 constexpr int kIsLineFeed = QTextFormat::UserProperty + 1;
 
 /// The format of the character that ends a block. It goes and comes back with the character.
@@ -115,7 +116,8 @@ void DocumentWriter::WriteLines(std::string_view text) {
     lineLength_ += static_cast<int>(end);
     known_.longest = std::max(known_.longest, lineLength_);
     const bool ends = end < text.size();
-    const bool endsBlock = ends && known_.lines >= linesPerBlock_;
+    const bool endsBlock = ends && (known_.lines >= linesPerBlock_ ||
+                                    gathered_.size() + static_cast<qsizetype>(end) >= kFullBlock);
     Gather(text.substr(0, ends && !endsBlock ? end + 1 : end));
     text.remove_prefix(ends ? end + 1 : end);
     if (endsBlock) {
@@ -130,7 +132,8 @@ void DocumentWriter::WriteLines(std::string_view text) {
 std::size_t DocumentWriter::GatherEvenLines(std::string_view text, std::size_t length) {
   constexpr std::size_t kMostGathered = 0xffff;  // so that line feeds are counted without a carry
   const auto room = static_cast<std::size_t>(std::max(linesPerBlock_ - known_.lines, 0));
-  const std::size_t most = std::min(room, kMostGathered / (length + 1));
+  const std::size_t most =
+      gathered_.size() < kFullBlock ? std::min(room, kMostGathered / (length + 1)) : 0;
   const std::size_t lines = maybeEven_ && lineLength_ == 0 ? EvenLines(text, length, most) : 0;
   if (lines < 2) return 0;
   const std::size_t gathered = lines * (length + 1);

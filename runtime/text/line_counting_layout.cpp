@@ -14,6 +14,18 @@ namespace {
 
 constexpr int kLongestShape = 64;
 constexpr std::size_t kMostShapes = 100'000;  // more are no listings'
+constexpr int kLongWord = 512;
+constexpr int kLongLine = 2048;  // may hold words that cost the toolkit too much
+
+bool IsLong(const QTextBlock& block) {
+  const BlockLines* known = BlockLines::Of(block);
+  return known != nullptr && known->longest > kLongLine;
+}
+
+QTextOption Wrapped(QTextOption option, QTextOption::WrapMode mode) {
+  option.setWrapMode(mode);
+  return option;
+}
 
 /// Calls `see` with each text between two line ends.
 template <typename Function>
@@ -28,10 +40,14 @@ void ForEachLine(QStringView text, const Function& see) {
 
 }  // namespace
 
-void LineCountingLayout::CountAll(int areaWidth) {
+void LineCountingLayout::AreaWidth(int pixels) {
   const QFontMetricsF metrics(document()->defaultFont());
-  room_ = areaWidth - 2 * document()->documentMargin();
+  room_ = pixels - 2 * document()->documentMargin();
   columns_ = std::max(static_cast<int>((room_ - 1) / metrics.horizontalAdvance(u'0')), 0);
+}
+
+void LineCountingLayout::CountAll(int areaWidth) {
+  AreaWidth(areaWidth);
   linesOfShape_.assign(shapes_.size(), 0);
   for (QTextBlock block = document()->firstBlock(); block.isValid(); block = block.next()) {
     BlockLines* known = BlockLines::Of(block);
@@ -42,9 +58,10 @@ void LineCountingLayout::CountAll(int areaWidth) {
 }
 
 void LineCountingLayout::documentChanged(int from, int removed, int added) {
+  const QTextBlock first = document()->findBlock(from);
   const QTextBlock last =
       document()->findBlock(std::min(from + added, document()->characterCount() - 1));
-  for (QTextBlock block = document()->findBlock(from); block.isValid(); block = block.next()) {
+  for (QTextBlock block = first; block.isValid(); block = block.next()) {
     BlockLines* known = BlockLines::Of(block);
     if (known == nullptr || !known->written) {
       known = &BlockLines::Note(block, BlockLines::Read(block.text()));
@@ -53,8 +70,19 @@ void LineCountingLayout::documentChanged(int from, int removed, int added) {
     block.setLineCount(DisplayedLines(block, *known));
     if (block == last) break;
   }
-  QPlainTextDocumentLayout::documentChanged(from, removed, added);
+  if (IsLong(first) && first == last && blocks_ == document()->blockCount()) {
+    first.layout()->clearLayout();  // The toolkit would lay it out at once.
+    emit update();
+  } else {
+    QPlainTextDocumentLayout::documentChanged(from, removed, added);
+  }
+  blocks_ = document()->blockCount();
   TellSize();
+}
+
+QRectF LineCountingLayout::blockBoundingRect(const QTextBlock& block) const {
+  if (IsLong(block) && block.layout()->lineCount() == 0) BreakLines(*block.layout(), true);
+  return QPlainTextDocumentLayout::blockBoundingRect(block);
 }
 
 int LineCountingLayout::DisplayedLines(const QTextBlock& block, BlockLines& known) {
@@ -126,13 +154,40 @@ int LineCountingLayout::LinesOfShape(int shape) {
 
 int LineCountingLayout::LinesByLayout(const QString& line) const {
   QTextLayout layout(line, document()->defaultFont());
-  layout.setTextOption(document()->defaultTextOption());
+  BreakLines(layout, line.size() > kLongWord);
+  return layout.lineCount();
+}
+
+void LineCountingLayout::BreakLines(QTextLayout& layout, bool hasLongWords) const {
+  const QTextOption option = document()->defaultTextOption();
+  const QTextOption atWords = Wrapped(option, QTextOption::WordWrap);
+  const QTextOption anywhere = Wrapped(option, QTextOption::WrapAnywhere);
+  int wordEnd = 0;
+  double height = 0;
+  layout.setTextOption(option);
   layout.beginLayout();
-  for (QTextLine made = layout.createLine(); made.isValid(); made = layout.createLine()) {
-    made.setLineWidth(room_);
+  for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+    line.setLeadingIncluded(true);
+    if (hasLongWords && line.textStart() >= wordEnd) {  // no room: the line is one word
+      layout.setTextOption(atWords);
+      line.setLineWidth(0);
+      wordEnd = line.textStart() + line.textLength();
+    }
+    // A line within one word ends where it would with a look for the word's end, too.
+    const bool withinWord = wordEnd - line.textStart() > kLongWord;
+    if (withinWord) {
+      layout.setTextOption(anywhere);
+      line.setLineWidth(room_);
+    }
+    if (!withinWord || line.textStart() + line.textLength() > wordEnd) {
+      layout.setTextOption(option);
+      line.setLineWidth(room_);
+    }
+    line.setPosition({document()->documentMargin(), height});
+    height += line.height();
   }
   layout.endLayout();
-  return layout.lineCount();
+  layout.setTextOption(option);
 }
 
 }  // namespace peakwright

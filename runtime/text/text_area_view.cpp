@@ -201,6 +201,7 @@ void TextAreaView::keyPressEvent(QKeyEvent* event) {
 void TextAreaView::resizeEvent(QResizeEvent* event) {
   const int top = cursorForPosition(QPoint(0, 0)).position();
   const bool atTop = verticalScrollBar()->value() == 0;
+  Layout().AreaWidth(viewport()->width());
   QPlainTextEdit::resizeEvent(event);
   if (event->oldSize().width() == event->size().width()) return;
   Recount();
