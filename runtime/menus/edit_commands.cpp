@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <array>
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QClipboard>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QScrollBar>
 
 #include "runtime/application/toolkit_side.h"
 #include "runtime/text/text_area_view.h"
@@ -60,7 +62,7 @@ void Redo(QWidget& focused) {
 
 void Cut(QWidget& focused) {
   OnTextControl<void>(
-      focused, [](QLineEdit& field) { field.cut(); }, [](TextAreaView& area) { area.cut(); });
+      focused, [](QLineEdit& field) { field.cut(); }, [](TextAreaView& area) { area.Cut(); });
 }
 
 void Copy(QWidget& focused) {
@@ -81,15 +83,19 @@ const std::array<EditCommand, 5> kCommands{{
     {"EditPaste", CanPaste, Paste},
 }};
 
+/// The document window's text area, or null.
+QPlainTextEdit* Results() {
+  const QWidget* document = ToolkitSide::DocumentWindow();
+  return document == nullptr ? nullptr : document->findChild<QPlainTextEdit*>();
+}
+
 /// The control that the command acts on now, or null.
 QWidget* Target(const EditCommand& command) {
   QWidget* focused = QApplication::focusWidget();
   if (focused != nullptr && command.canAct(*focused)) return focused;
   const bool reachesResults = command.act == Undo || command.act == Redo;
-  const QWidget* document = ToolkitSide::DocumentWindow();
-  if (!reachesResults || document == nullptr) return nullptr;
-  const QList<QPlainTextEdit*> areas = document->findChildren<QPlainTextEdit*>();
-  return areas.isEmpty() || !command.canAct(*areas.front()) ? nullptr : areas.front();
+  QWidget* results = reachesResults ? Results() : nullptr;
+  return results != nullptr && command.canAct(*results) ? results : nullptr;
 }
 
 }  // namespace
@@ -105,6 +111,19 @@ const EditCommand* FindEditCommand(const QKeyEvent& event) {
   if (event.matches(QKeySequence::Undo)) return FindEditCommand("EditUndo");
   if (event.matches(QKeySequence::Redo)) return FindEditCommand("EditRedo");
   return nullptr;
+}
+
+bool TurnResults(const QKeyEvent& event) {
+  const bool isUp = event.matches(QKeySequence::MoveToPreviousPage);
+  if (!isUp && !event.matches(QKeySequence::MoveToNextPage)) return false;
+  const QWidget* focused = QApplication::focusWidget();
+  const bool hasNoPages = qobject_cast<const QLineEdit*>(focused) != nullptr ||
+                          qobject_cast<const QAbstractButton*>(focused) != nullptr;
+  const QPlainTextEdit* results = hasNoPages ? Results() : nullptr;
+  if (results == nullptr) return false;
+  QScrollBar& scroll = *results->verticalScrollBar();
+  scroll.setValue(scroll.value() + (isUp ? -1 : 1) * scroll.pageStep());
+  return true;
 }
 
 bool CanAct(const EditCommand& command) { return Target(command) != nullptr; }

@@ -21,6 +21,10 @@ const EditCommand* FindEditCommand(std::string_view menuItem);
 /// Undo or redo if the event is the key for it, else null: these two act wherever the focus is.
 const EditCommand* FindEditCommand(const QKeyEvent& event);
 
+/// Shows the next or the former page of the document window's text area, if the event is the key
+/// for it and the focused control has no pages of its own. The insertion point stays where it is.
+bool TurnResults(const QKeyEvent& event);
+
 bool CanAct(const EditCommand& command);
 void Act(const EditCommand& command);
 

@@ -64,7 +64,7 @@ bool MenuKeys::Acts(const QKeyEvent& event) const {
     Act(*command);
     return true;
   }
-  return IsStrayMnemonic(event);
+  return TurnResults(event) || IsStrayMnemonic(event);
 }
 
 void MenuKeys::LeaveBar() {

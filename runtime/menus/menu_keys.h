@@ -12,7 +12,8 @@ namespace peakwright {
 class DesktopMenuBar;
 
 /// What keys mean for the menu bar wherever the focus is, in a panel too: F10 opens it, a command's
-/// key is the command's, undo and redo reach the results, and Alt with a letter types nothing.
+/// key is the command's, undo, redo and page keys reach the results, and Alt with a letter types
+/// nothing.
 class MenuKeys : public QObject {
  public:
   explicit MenuKeys(const DesktopMenuBar& bar) : bar_(bar) {}

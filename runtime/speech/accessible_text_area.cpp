@@ -95,10 +95,9 @@ class AccessibleTextArea : public AccessibleText {
  private:
   Span UnitAround(int offset, QAccessible::TextBoundaryType type) const override {
     if (type == QAccessible::LineBoundary) return view_.LineAround(offset);
+    if (type != QAccessible::WordBoundary) return view_.RowAround(offset);
     const QTextBlock block = view_.document()->findBlock(offset);
-    const int inside = offset - block.position();
-    const auto [start, end] = type == QAccessible::WordBoundary ? WordIn(block, inside)
-                                                                : ParagraphIn(block.text(), inside);
+    const auto [start, end] = WordIn(block, offset - block.position());
     return {block.position() + start, Within(block.position() + end)};
   }
 
@@ -106,13 +105,6 @@ class AccessibleTextArea : public AccessibleText {
   static Span WordIn(const QTextBlock& block, int offset) {
     const auto [start, end] = WordAround(*block.layout(), offset);
     return {start, end == block.length() - 1 ? block.length() : end};
-  }
-
-  /// From one line end to the next.
-  static Span ParagraphIn(const QString& text, int offset) {
-    const qsizetype start = text.left(offset).lastIndexOf(QChar::LineSeparator) + 1;
-    const qsizetype lineEnd = text.indexOf(QChar::LineSeparator, offset);
-    return {static_cast<int>(start), static_cast<int>(lineEnd < 0 ? text.size() : lineEnd) + 1};
   }
 
   void Select(int start, int end) override { view_.setTextCursor(CursorOver(view_, start, end)); }

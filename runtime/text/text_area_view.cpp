@@ -2,12 +2,15 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstdint>
 #include <stdexcept>
 #include <utility>
 
+#include <QDropEvent>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMimeData>
+#include <QMouseEvent>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextCursor>
@@ -27,6 +30,20 @@ constexpr std::size_t kLongText = 1'000'000;  // Shorter ones go into the smalle
 /// What the toolkit's buffer takes that has come to hold so many characters one by one.
 std::size_t BufferBytes(std::size_t characters) {
   return std::bit_ceil(characters * sizeof(QChar));
+}
+
+// A line is laid out anew with each key that is typed in it.
+constexpr std::int64_t kLongestLine = 1'500'000;
+
+bool EndsLine(QChar unit) { return unit == kLineFeed || unit == QChar::ParagraphSeparator; }
+
+/// Whether a key may take away a line end, or what is selected.
+bool Deletes(const QKeyEvent& event) {
+  return event.key() == Qt::Key_Delete || event.key() == Qt::Key_Backspace;
+}
+
+bool Types(const QKeyEvent& event) {
+  return !event.text().isEmpty() && event.text().front().isPrint();
 }
 
 /// Makes one step of Undo of what a cursor does meanwhile.
@@ -91,6 +108,8 @@ void TextAreaView::ReplaceText(std::string_view text) {
 }
 
 void TextAreaView::InsertText(std::string_view text) {
+  const QTextCursor cursor = textCursor();
+  RefuseLongLine(cursor.selectionStart(), cursor.selectionEnd(), text);
   InsertText(text.size(), [text](const auto& insert) { insert(text); });
 }
 
@@ -155,6 +174,17 @@ int TextAreaView::LineNumber(int position) const {
   return block.firstLineNumber() + (line.isValid() ? line.lineNumber() : 0);
 }
 
+std::pair<int, int> TextAreaView::RowAround(int position) const {
+  const QTextBlock block = document()->findBlock(position);
+  const QString text = block.text();
+  const qsizetype inside = position - block.position();
+  const qsizetype start = QStringView(text).first(inside).lastIndexOf(kLineFeed) + 1;
+  const qsizetype lineEnd = text.indexOf(kLineFeed, inside);
+  const int next = lineEnd < 0 ? block.length() : static_cast<int>(lineEnd) + 1;
+  return {block.position() + static_cast<int>(start),
+          std::min(block.position() + next, TextLength())};
+}
+
 std::pair<int, int> TextAreaView::LineAround(int position) const {
   const QTextBlock block = document()->findBlock(position);
   const QTextLine line = LaidOutLine(block, position);
@@ -185,6 +215,11 @@ void TextAreaView::Redo() {
   }
 }
 
+void TextAreaView::Cut() {
+  copy();
+  InsertText({});
+}
+
 void TextAreaView::keyPressEvent(QKeyEvent* event) {
   if (event->matches(QKeySequence::Undo)) {
     Undo();
@@ -193,9 +228,55 @@ void TextAreaView::keyPressEvent(QKeyEvent* event) {
   } else if (event->matches(QKeySequence::InsertParagraphSeparator)) {
     InsertText("\r");
     ensureCursorVisible();
+  } else if (event->matches(QKeySequence::Cut)) {
+    Cut();
+  } else if (event->matches(QKeySequence::DeleteEndOfLine)) {
+    DeleteToRowEnd();
+  } else if (event->matches(QKeySequence::MoveToPreviousPage)) {
+    TurnPage(-1);
+  } else if (event->matches(QKeySequence::MoveToNextPage)) {
+    TurnPage(1);
   } else {
+    const QTextCursor cursor = textCursor();
+    const int beside = Deletes(*event) && !cursor.hasSelection() ? 1 : 0;
+    if (Deletes(*event) || Types(*event)) {
+      RefuseLongLine(cursor.selectionStart() - beside, cursor.selectionEnd() + beside,
+                     Types(*event) ? event->text().toStdString() : std::string());
+    }
     QPlainTextEdit::keyPressEvent(event);
   }
+}
+
+// The toolkit knows blocks where the user sees rows, and words that end at a point.
+
+void TextAreaView::mousePressEvent(QMouseEvent* event) {
+  const QTextCursor former = textCursor();
+  QPlainTextEdit::mousePressEvent(event);
+  if (event->button() != Qt::LeftButton) return;
+  if (event->modifiers() == Qt::ShiftModifier) {
+    ExtendTaken(event->pos());
+  } else {
+    // A press that selects is the third click.
+    const bool selects = textCursor().hasSelection() && textCursor() != former;
+    Take(selects ? &TextAreaView::RowAround : nullptr, event->pos());
+  }
+}
+
+void TextAreaView::mouseDoubleClickEvent(QMouseEvent* event) {
+  QPlainTextEdit::mouseDoubleClickEvent(event);
+  if (event->button() == Qt::LeftButton) Take(&TextAreaView::BetweenBlanks, event->pos());
+}
+
+void TextAreaView::mouseMoveEvent(QMouseEvent* event) {
+  QPlainTextEdit::mouseMoveEvent(event);
+  if ((event->buttons() & Qt::LeftButton) != 0) ExtendTaken(event->pos());
+}
+
+void TextAreaView::dropEvent(QDropEvent* event) {
+  // The toolkit can't be stopped half way.
+  const int at = cursorForPosition(event->position().toPoint()).position();
+  RefuseLongLine(at, at, event->mimeData()->text().toStdString());
+  QPlainTextEdit::dropEvent(event);
 }
 
 void TextAreaView::resizeEvent(QResizeEvent* event) {
@@ -215,15 +296,20 @@ void TextAreaView::changeEvent(QEvent* event) {
 
 void TextAreaView::contextMenuEvent(QContextMenuEvent* event) {
   QMenu menu;
+  const auto add = [&](const char* caption, QKeySequence::StandardKey key, bool canAct, auto act) {
+    const QString keys = u'\t' + QKeySequence(key).toString(QKeySequence::NativeText);
+    menu.addAction(QLatin1String(caption) + keys, this, act)->setEnabled(canAct);
+  };
   const bool selected = textCursor().hasSelection();
-  menu.addAction(QStringLiteral("Undo"), this, &TextAreaView::Undo)->setEnabled(CanUndo());
-  menu.addAction(QStringLiteral("Redo"), this, &TextAreaView::Redo)->setEnabled(CanRedo());
+  add("&Undo", QKeySequence::Undo, CanUndo(), &TextAreaView::Undo);
+  add("&Redo", QKeySequence::Redo, CanRedo(), &TextAreaView::Redo);
   menu.addSeparator();
-  menu.addAction(QStringLiteral("Cut"), this, &QPlainTextEdit::cut)->setEnabled(selected);
-  menu.addAction(QStringLiteral("Copy"), this, &QPlainTextEdit::copy)->setEnabled(selected);
-  menu.addAction(QStringLiteral("Paste"), this, &QPlainTextEdit::paste)->setEnabled(canPaste());
+  add("Cu&t", QKeySequence::Cut, selected, &TextAreaView::Cut);
+  add("&Copy", QKeySequence::Copy, selected, &QPlainTextEdit::copy);
+  add("&Paste", QKeySequence::Paste, canPaste(), &QPlainTextEdit::paste);
+  add("Delete", QKeySequence::Delete, selected, [this] { InsertText({}); });
   menu.addSeparator();
-  menu.addAction(QStringLiteral("Select All"), this, &QPlainTextEdit::selectAll);
+  add("Select All", QKeySequence::SelectAll, true, &QPlainTextEdit::selectAll);
   menu.exec(event->globalPos());
 }
 
@@ -256,6 +342,7 @@ std::unique_ptr<QTextDocument> TextAreaView::NewDocument() {
 
 void TextAreaView::Show(std::unique_ptr<QTextDocument> made) {
   const int formerLength = TextLength();
+  taken_ = QTextCursor();
   setDocument(made.get());
   shown_ = std::move(made);
   if (shown_->defaultFont() != font()) shown_->setDefaultFont(font());
@@ -269,6 +356,93 @@ void TextAreaView::Show(std::unique_ptr<QTextDocument> made) {
 
 void TextAreaView::TellChange(int from, int removed, int added) {
   if (Changed) Changed(from, removed, added);
+}
+
+void TextAreaView::RefuseLongLine(int from, int to, std::string_view text) const {
+  from = std::clamp(from, 0, TextLength());
+  to = std::clamp(to, 0, TextLength());
+  std::int64_t length = from - RowAround(from).first;
+  std::int64_t longest = 0;
+  for (const char byte : text) {
+    if (byte == '\n' || byte == '\r') {
+      longest = std::max(longest, length);
+      length = 0;
+    } else if (static_cast<signed char>(byte) >= -64) {  // begins a character
+      ++length;
+    }
+  }
+  longest = std::max(longest, length + RowAround(to).second - to);
+  if (longest > kLongestLine) {
+    throw std::length_error("The results can't hold a line of more than 1,500,000 characters.");
+  }
+}
+
+void TextAreaView::DeleteToRowEnd() {
+  QTextCursor cursor = textCursor();
+  if (!cursor.hasSelection()) {
+    const int next = RowAround(cursor.position()).second;
+    const bool toLineEnd =
+        next - cursor.position() > 1 && EndsLine(document()->characterAt(next - 1));
+    cursor.setPosition(toLineEnd ? next - 1 : next, QTextCursor::KeepAnchor);
+    setTextCursor(cursor);
+  }
+  InsertText({});
+}
+
+void TextAreaView::TurnPage(int direction) {
+  QTextCursor cursor = textCursor();
+  const int top = verticalScrollBar()->value();
+  const int page = std::max(verticalScrollBar()->pageStep(), 1);
+  const int current = LineNumber(cursor.position());
+  const bool isInView = current >= top && current < top + page;
+  const QTextLine former = LaidOutLine(cursor.block(), cursor.position());
+  const int x = cursor.verticalMovementX() >= 0
+                    ? cursor.verticalMovementX()
+                    : static_cast<int>(former.cursorToX(cursor.positionInBlock()));
+  verticalScrollBar()->setValue(top + direction * page);
+  const int target =
+      std::clamp((isInView ? current : top) + direction * page, 0, document()->lineCount() - 1);
+  const QTextBlock block = document()->findBlockByLineNumber(target);
+  LaidOutLine(block, block.position());
+  const QTextLine line = block.layout()->lineAt(target - block.firstLineNumber());
+  cursor.setPosition(block.position() + line.xToCursor(x));
+  cursor.setVerticalMovementX(x);
+  setTextCursor(cursor);
+}
+
+std::pair<int, int> TextAreaView::BetweenBlanks(int position) const {
+  const auto [start, next] = RowAround(position);
+  const QTextBlock block = document()->findBlock(position);
+  const QString row = block.text().mid(start - block.position(), next - start);
+  const auto isBlank = [&](int at) { return at >= row.size() || row[at].isSpace(); };
+  int first = position - start;
+  if (isBlank(first) && first > 0) --first;  // behind the last character
+  const bool blank = isBlank(first);
+  int last = first;
+  while (first > 0 && isBlank(first - 1) == blank) --first;
+  while (last < row.size() && isBlank(last) == blank && row[last] != kLineFeed) ++last;
+  return {start + first, start + last};
+}
+
+void TextAreaView::Take(Unit unit, QPoint point) {
+  unit_ = unit;
+  if (unit == nullptr) return;
+  taken_ = textCursor();
+  const auto [start, end] = (this->*unit)(cursorForPosition(point).position());
+  taken_.setPosition(start);
+  taken_.setPosition(end, QTextCursor::KeepAnchor);
+  setTextCursor(taken_);
+}
+
+void TextAreaView::ExtendTaken(QPoint point) {
+  if (unit_ == nullptr || taken_.isNull()) return;
+  const auto [start, end] = (this->*unit_)(cursorForPosition(point).position());
+  const bool upwards = start < taken_.selectionStart();
+  QTextCursor cursor = taken_;
+  cursor.setPosition(upwards ? taken_.selectionEnd() : taken_.selectionStart());
+  cursor.setPosition(upwards ? start : std::max(end, taken_.selectionEnd()),
+                     QTextCursor::KeepAnchor);
+  setTextCursor(cursor);
 }
 
 void TextAreaView::Recount() { Layout().CountAll(viewport()->width()); }

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include <QPlainTextEdit>
+#include <QTextCursor>
 
 #include "runtime/text_pieces.h"
 
@@ -15,9 +16,10 @@ namespace peakwright {
 
 class LineCountingLayout;
 
-/// The toolkit's plain text control, taught three things: to keep carriage returns and line feeds
-/// apart, to know how many lines a long text has without laying it out, and to undo a replacement
-/// of the whole text without holding it twice.
+/// The toolkit's plain text control, taught to keep carriage returns and line feeds apart, to know
+/// how many lines a long text has without laying it out, to undo a replacement of the whole text
+/// without holding it twice, and to select and turn pages by what the user sees: rows, what stands
+/// between blanks, and the lines in view.
 class TextAreaView : public QPlainTextEdit {
  public:
   TextAreaView();
@@ -29,9 +31,9 @@ class TextAreaView : public QPlainTextEdit {
   void ReplaceText(std::string_view text);
   /// Replaces the selection, or inserts at the insertion point, and leaves the insertion point
   /// behind the text. Doesn't scroll. Throws std::length_error if the text would grow past what
-  /// the toolkit can number; nothing is changed then.
+  /// the toolkit can number, or a line past what it lays out in a moment; nothing is changed then.
   void InsertText(std::string_view text);
-  /// Likewise with a text of `length` bytes that comes in pieces.
+  /// Likewise with a text of `length` bytes that comes in pieces. Requires: no long lines.
   void InsertText(std::size_t length, const TextPieces& pieces);
   /// Calls `write`. What is inserted meanwhile is one step of Undo; if `write` throws, text and
   /// steps are again as they were, but nothing is left to redo.
@@ -42,17 +44,24 @@ class TextAreaView : public QPlainTextEdit {
   int LineNumber(int position) const;
   /// Where that line starts and the next one does, or where the text ends.
   std::pair<int, int> LineAround(int position) const;
+  /// Likewise from line end to line end, however it is wrapped.
+  std::pair<int, int> RowAround(int position) const;
 
   bool CanUndo() const { return document()->isUndoAvailable() || earlier_ != nullptr; }
   bool CanRedo() const { return document()->isRedoAvailable() || later_ != nullptr; }
   void Undo();
   void Redo();
+  void Cut();
 
   /// Raised when the `added` characters behind `from` have come in the place of `removed` ones.
   std::function<void(int from, int removed, int added)> Changed;
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
@@ -60,14 +69,25 @@ class TextAreaView : public QPlainTextEdit {
   void insertFromMimeData(const QMimeData* source) override;
 
  private:
+  using Unit = std::pair<int, int> (TextAreaView::*)(int position) const;
+
   std::unique_ptr<QTextDocument> NewDocument();
   void Show(std::unique_ptr<QTextDocument> document);
   void TakeBack(int anchor, int position);
   void TellChange(int from, int removed, int added);
   void Recount();
+  /// Throws if a line would be too long with `text` in the place of what stands between.
+  void RefuseLongLine(int from, int to, std::string_view text) const;
+  void DeleteToRowEnd();
+  void TurnPage(int direction);
+  std::pair<int, int> BetweenBlanks(int position) const;
+  void Take(Unit unit, QPoint point);
+  void ExtendTaken(QPoint point);
   LineCountingLayout& Layout() const;
   QTextLine LaidOutLine(const QTextBlock& block, int position) const;
 
+  Unit unit_ = nullptr;     // What clicks take at a time, or null.
+  QTextCursor taken_;       // What they took first.
   bool isInStep_ = false;
   int stepsBefore_ = 0;  // The steps of Undo when the present one began, as the toolkit counts.
   std::unique_ptr<QTextDocument> shown_;

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include <QAbstractScrollArea>
+#include <QClipboard>
 #include <QMenu>
 #include <QScreen>
 #include <QScrollBar>
@@ -161,9 +162,11 @@ TEST(MainWindow, RunAndClearAreUndone) {
   Program::Key(main.textfield2, Qt::Key_Escape);
   ASSERT_EQ(program.Results(), "");
   DesktopMenuItem& edit = *Menu::Instance().Child("Edit");
+  QApplication::clipboard()->setText(QStringLiteral("pasted"));
   ToolkitSide::MenuOf(edit).popup({});
   EXPECT_TRUE(ToolkitSide::Of(*edit.Child("EditUndo"))->isEnabled());
   EXPECT_FALSE(ToolkitSide::Of(*edit.Child("EditCut"))->isEnabled());
+  EXPECT_TRUE(ToolkitSide::Of(*edit.Child("EditPaste"))->isEnabled());
   ToolkitSide::MenuOf(edit).close();
   Program::Choose("EditUndo");
   EXPECT_EQ(program.Results(), start);
