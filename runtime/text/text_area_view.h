@@ -86,8 +86,8 @@ class TextAreaView : public QPlainTextEdit {
   LineCountingLayout& Layout() const;
   QTextLine LaidOutLine(const QTextBlock& block, int position) const;
 
-  Unit unit_ = nullptr;     // What clicks take at a time, or null.
-  QTextCursor taken_;       // What they took first.
+  Unit unit_ = nullptr;  // What clicks take at a time, or null.
+  QTextCursor taken_;    // What they took first.
   bool isInStep_ = false;
   int stepsBefore_ = 0;  // The steps of Undo when the present one began, as the toolkit counts.
   std::unique_ptr<QTextDocument> shown_;
