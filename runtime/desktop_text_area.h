@@ -30,6 +30,9 @@ class DesktopTextArea : public DesktopTextControl {
   /// Calls `write`. What it writes here is one step of Undo, and nothing of it stays if it throws.
   void AsOneStep(const std::function<void()>& write);
 
+  /// Raised when the user has brought another state of the text back by Undo or Redo.
+  std::function<void(std::int64_t formerLength)> Restored;
+
   /// The line that holds the character at `position`, or the text's end.
   std::int64_t LineNumber(std::int64_t position) const;
   /// The line at the top of the view. A target past the end shows the end.

@@ -19,4 +19,10 @@ std::string CellDescription(std::string_view heading, std::string_view name);
 
 inline constexpr std::string_view kResultsCleared = "The results were cleared.";
 
+/// What Undo or Redo made of the results.
+constexpr std::string_view SpokenRestoration(bool wereEmpty, bool areEmpty) {
+  if (areEmpty) return kResultsCleared;
+  return wereEmpty ? "The results are back." : "The results were changed back.";
+}
+
 }  // namespace peakwright

@@ -30,6 +30,9 @@ TextWindow::TextWindow()
   MassText.Names(textfield1);
   Pushbutton1.Pressed = [this] { Pushbutton1_Pressed(); };
   checkbox1.ValueChanged = [this] { checkbox1_ValueChanged(); };
+  textfield2.Restored = [this](std::int64_t formerLength) {
+    Announce(SpokenRestoration(formerLength == 0, textfield2.TextLength() == 0));
+  };
   CheckBox2.ValueChanged = [this] { CheckBox2_ValueChanged(); };
   PushButton2.Pressed = [this] { PushButton2_Pressed(); };
   PushButton3.Pressed = [this] { PushButton3_Pressed(); };

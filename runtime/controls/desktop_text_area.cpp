@@ -8,6 +8,7 @@
 
 #include "runtime/appearance/appearance.h"
 #include "runtime/appearance/monospaced_face.h"
+#include "runtime/desktop_application.h"
 #include "runtime/text/text_area_view.h"
 #include "runtime/text/toolkit_strings.h"
 
@@ -23,6 +24,11 @@ int ToLine(std::int64_t line) {
 DesktopTextArea::DesktopTextArea(DesktopWindow& window, const ControlLayout& layout)
     : DesktopTextControl(window, std::make_unique<TextAreaView>(), layout) {
   HideSelectionWithoutFocus(Native<TextAreaView>());
+  Native<TextAreaView>().Restored = [this](int formerLength) {
+    DesktopApplication::Current().Raise([&] {
+      if (Restored) Restored(formerLength);
+    });
+  };
 }
 
 std::string DesktopTextArea::Text() const { return Native<TextAreaView>().Text(); }

@@ -1,5 +1,6 @@
 #include "runtime/menus/menu_keys.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMenu>
@@ -22,13 +23,28 @@ bool IsStrayMnemonic(const QKeyEvent& event) {
   return withAlt && !event.text().isEmpty() && event.text().front().isPrint();
 }
 
+/// Has assistive tools speak the name of a menu that has followed another. The toolkit would have
+/// them speak its first item, and then the control that has the focus, as if that had come back.
+void TellName(QMenuBar& bar, QMenu& menu) {
+  if (!QAccessible::isActive() || !menu.isVisible()) return;
+  menu.setActiveAction(nullptr);  // As when a key opens the first menu.
+  QAccessibleEvent focus(&bar, QAccessible::Focus);
+  focus.setChild(static_cast<int>(bar.actions().indexOf(menu.menuAction())));
+  QAccessible::updateAccessibility(&focus);
+}
+
 }  // namespace
 
 void MenuKeys::Follow(QMenu& menu) {
-  connect(&menu, &QMenu::aboutToShow, this, [this] {
-    QWidget* focused = ToolkitSide::Of(bar_)->window()->focusWidget();
-    if (focused != ToolkitSide::Of(bar_)) focused_ = focused;
+  connect(&menu, &QMenu::aboutToShow, this, [this, &menu] {
+    QMenuBar& bar = *ToolkitSide::Of(bar_);
+    QWidget* focused = bar.window()->focusWidget();
+    if (focused != &bar) focused_ = focused;
+    if (!hasJustClosed_) return;
+    QMetaObject::invokeMethod(
+        &menu, [&] { TellName(bar, menu); }, Qt::QueuedConnection);
   });
+  connect(&menu, &QMenu::aboutToHide, this, [this] { hasJustClosed_ = true; });
   connect(&menu, &QMenu::aboutToHide, this, &MenuKeys::LeaveBar, Qt::QueuedConnection);
 }
 
@@ -68,6 +84,7 @@ bool MenuKeys::Acts(const QKeyEvent& event) const {
 }
 
 void MenuKeys::LeaveBar() {
+  hasJustClosed_ = false;
   QMenuBar& bar = *ToolkitSide::Of(bar_);
   // Another of the bar's menus may have opened in this one's place.
   if (QApplication::activePopupWidget() != nullptr || bar.window()->focusWidget() != &bar) return;

@@ -29,7 +29,8 @@ class MenuKeys : public QObject {
   void LeaveBar();
 
   const DesktopMenuBar& bar_;
-  QPointer<QWidget> focused_;  // In the bar's window, before a menu opened.
+  QPointer<QWidget> focused_;   // In the bar's window, before a menu opened.
+  bool hasJustClosed_ = false;  // A menu, in the event under way: another may follow it.
 };
 
 }  // namespace peakwright

@@ -184,6 +184,8 @@ std::pair<int, int> TextAreaView::LineAround(int position) const {
 }
 
 void TextAreaView::Undo() {
+  if (!CanUndo()) return;
+  const int formerLength = TextLength();
   if (document()->isUndoAvailable()) {
     undo();
   } else if (earlier_ != nullptr) {
@@ -191,9 +193,12 @@ void TextAreaView::Undo() {
     Show(std::move(earlier_));
     moveCursor(QTextCursor::End);
   }
+  if (Restored) Restored(formerLength);
 }
 
 void TextAreaView::Redo() {
+  if (!CanRedo()) return;
+  const int formerLength = TextLength();
   if (document()->isRedoAvailable()) {
     redo();
   } else if (later_ != nullptr) {
@@ -201,6 +206,7 @@ void TextAreaView::Redo() {
     Show(std::move(later_));
     moveCursor(QTextCursor::Start);
   }
+  if (Restored) Restored(formerLength);
 }
 
 void TextAreaView::Cut() {

@@ -55,6 +55,8 @@ class TextAreaView : public QPlainTextEdit {
 
   /// Raised when the `added` characters behind `from` have come in the place of `removed` ones.
   std::function<void(int from, int removed, int added)> Changed;
+  /// Raised when Undo or Redo has changed the text.
+  std::function<void(int formerLength)> Restored;
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;

@@ -112,6 +112,10 @@ class Assistive(unittest.TestCase):
             wait_for(f"Mass {mass}: {words}", program.last_said)
         program.press("Escape")
         wait_for("The results were cleared.", program.last_said)
+        for key, words in {"ctrl+z": "The results are back.", "ctrl+Z": "The results were cleared."
+                           }.items():
+            program.press(key)
+            wait_for(words, program.last_said)
         program.fill("Mass:", "1")
         program.choose("check box", "Apply nitrogen rule")
         wait_for("Mass 1, nitrogen rule applied: There are no valid combinations.",
@@ -147,6 +151,14 @@ class Assistive(unittest.TestCase):
         self.open_counts()
         self.assertEqual(marked(), {"Additional elements"})
         self.assertTrue(has(find(program.main, "check box", "Additional elements"), STATE_CHECKED))
+
+    def test_menus_tell_their_names_as_they_follow_one_another(self):
+        program = self.program
+        program.tab_to("button", "Run")
+        for key, *names in (("F10", "File"), ("Down", "File", "Print"), ("Right", "Edit"),
+                            ("Down", "Edit", "Undo"), ("Left", "File"), ("Escape", "Run")):
+            program.press(key)
+            wait_for(names, lambda: program.last_reached(len(names)))
 
     def test_table_gives_its_cells(self):
         program = self.program

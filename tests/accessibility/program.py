@@ -54,8 +54,10 @@ class Program:
     def __init__(self, binary, start=subprocess.Popen):
         Atspi.set_timeout(PATIENCE * 1000, PATIENCE * 1000)
         self.said = []
+        self.reached = []
         self.listener = Atspi.EventListener.new(self._hear)
-        for kind in ("object:announcement", "object:state-changed:showing"):
+        for kind in ("object:announcement", "object:state-changed:showing",
+                     "object:state-changed:focused"):
             self.listener.register(kind)
         self.process = start([binary], cwd=os.environ["HOME"])
         self.main = self.window("Peakwright")
@@ -69,6 +71,8 @@ class Program:
         try:
             if event.type == "object:announcement":
                 self.said.append(event.any_data)
+            elif event.detail1 and event.type == "object:state-changed:focused":
+                self.reached.append(event.source.name)
             elif event.detail1 and event.source.getRoleName() == "notification":
                 self.said.append(event.source.name)
         except GLib.Error:  # Of a window that has gone again.
@@ -76,9 +80,18 @@ class Program:
 
     def last_said(self):
         """The last words that the program had spoken."""
+        self._listen()
+        return self.said[-1] if self.said else None
+
+    def last_reached(self, count):
+        """The names of the last controls and menu items that had the focus."""
+        self._listen()
+        return self.reached[-count:]
+
+    @staticmethod
+    def _listen():
         while GLib.MainContext.default().iteration(False):
             pass
-        return self.said[-1] if self.said else None
 
     def _application(self):
         for each in pyatspi.Registry.getDesktop(0):
@@ -89,7 +102,8 @@ class Program:
     def windows(self):
         """The windows on screen by their titles."""
         application = self._application()
-        return {frame.name: frame for frame in application or [] if has(frame, STATE_VISIBLE)}
+        return {frame.name: frame for frame in application or []
+                if frame is not None and has(frame, STATE_VISIBLE)}
 
     def active(self):
         for frame in self.windows().values():
