@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QColor>
 #include <QPalette>
-#include <QStyle>
 #include <QWidget>
 
 #include "runtime/appearance/contrast.h"
@@ -39,9 +38,7 @@ QPalette DarkPalette() {
 
 bool Color::IsDarkMode() { return IsDark(QApplication::palette()); }
 
-void ShowAppearance(bool dark) {
-  QApplication::setPalette(dark ? DarkPalette() : QApplication::style()->standardPalette());
-}
+void ShowAppearance(bool dark) { QApplication::setPalette(dark ? DarkPalette() : QPalette()); }
 
 void FixFieldColors(QWidget& field, std::uint32_t text, std::uint32_t background) {
   QPalette palette = field.palette();

@@ -6,7 +6,7 @@ class QWidget;
 
 namespace peakwright {
 
-/// Gives the program the dark or the light appearance.
+/// Gives the program the dark appearance, or the one that the system's own palette has.
 void ShowAppearance(bool dark);
 
 /// Gives a field its two fixed colours, which hold in every appearance.

@@ -10,6 +10,7 @@
 #include <QStyleOption>
 
 #include "runtime/appearance/contrast.h"
+#include "runtime/appearance/still_style.h"
 
 namespace peakwright {
 namespace {
@@ -122,8 +123,13 @@ int OutlinedStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
 }
 
 void OutlineControls() {
-  if (QApplication::style()->name() != QStringLiteral("fusion")) return;
-  QApplication::setStyle(new OutlinedStyle);
+  if (qobject_cast<QProxyStyle*>(QApplication::style()) != nullptr) return;  // It is done.
+  const QString style = QApplication::style()->name();
+  if (style == QStringLiteral("fusion")) {
+    QApplication::setStyle(new OutlinedStyle);
+  } else {
+    QApplication::setStyle(new StillStyle(style));
+  }
 }
 
 }  // namespace peakwright

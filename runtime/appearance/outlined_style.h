@@ -20,7 +20,8 @@ class OutlinedStyle : public QProxyStyle {
                   const QWidget* widget) const override;
 };
 
-/// Gives the program outlined controls where the toolkit draws in its own style, not the system's.
+/// Gives the program outlined controls where the toolkit draws in its own style; where it draws in
+/// the system's, only holds the buttons still.
 void OutlineControls();
 
 }  // namespace peakwright
