@@ -9,6 +9,6 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 foreach(kind LIBRARY INCLUDE PACKAGE)
   set(CMAKE_FIND_ROOT_PATH_MODE_${kind} ONLY)
 endforeach()
-# The libraries of the compiler go into the program.
-set(CMAKE_EXE_LINKER_FLAGS_INIT "-static")
+# The libraries of the compiler go into the program, and the time of the build doesn't.
+set(CMAKE_EXE_LINKER_FLAGS_INIT "-static -Wl,--no-insert-timestamp")
 set(CMAKE_CROSSCOMPILING_EMULATOR wine)
