@@ -12,7 +12,7 @@ windows_packages=(cmake ninja-build g++-mingw-w64-x86-64-posix qt6-base-dev-tool
 # What the program has no use for; tablets and the Direct2D platform would also need headers that
 # are not free.
 left_out=(sql dbus vulkan testlib xml concurrent tabletevent direct2d1_1
-          graphicsview wizard calendarwidget lcdnumber dial toolbox splashscreen undoview columnview
+          graphicsview wizard lcdnumber dial toolbox splashscreen undoview columnview
           datawidgetmapper colordialog fontdialog errormessage systemtrayicon
           keysequenceedit fontcombobox tablewidget textodfwriter textmarkdownreader
           textmarkdownwriter gif ico jpeg http dtls ocsp localserver networkdiskcache gssapi sspi
