@@ -30,6 +30,8 @@ class DesktopWindow : public ImplicitInstance {
 
   /// Brings the window on screen and to the front, and gives the focus to its first control.
   void Show();
+  /// Takes the window off the screen; from the front it gives way to the one that it was shown
+  /// from.
   void Hide();
   /// Takes the window off the screen for good; the next reference to it makes a new one. Safe to
   /// call from a handler of the window itself.

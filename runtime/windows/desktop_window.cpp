@@ -5,6 +5,7 @@
 #include <vector>
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLayout>
@@ -12,6 +13,8 @@
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QMouseEvent>
+#include <QPointer>
+#include <QPushButton>
 #include <QScreen>
 #include <QWindow>
 
@@ -108,9 +111,35 @@ class DesktopWindow::NativeWindow : public QMainWindow {
   void FocusFirst() {
     if (tabOrder_.empty()) return;
     QWidget* first = tabOrder_.front().second;
+    // A button with the focus looks as if Return pressed it.
+    if (qobject_cast<QPushButton*>(first) != nullptr && HasDefaultButton()) first = defaultButton_;
     first->setFocus();
     // As if tabbed into: what stands in the field gives way to what is typed.
     if (auto* field = qobject_cast<QLineEdit*>(first)) field->selectAll();
+  }
+
+  void ComeToFront() {
+    auto* from = dynamic_cast<NativeWindow*>(QApplication::activeWindow());
+    if (from != nullptr && from != this) {
+      cameFrom_ = from;
+      from->givesWay_ = true;
+    }
+    if (isMinimized()) {
+      showNormal();
+    } else {
+      show();
+    }
+    raise();
+    activateWindow();
+  }
+
+  /// Hides the window. If it is in front, the one that it was shown from comes back there.
+  void GoBack() {
+    const bool leavesFront = isActiveWindow() && !givesWay_;
+    hide();
+    QWidget* back = ToolkitSide::DocumentWindow();
+    if (cameFrom_ != nullptr && cameFrom_->isVisible()) back = cameFrom_;
+    if (leavesFront && back != nullptr) back->activateWindow();
   }
 
   std::vector<std::pair<int, QWidget*>> tabOrder_;
@@ -119,6 +148,11 @@ class DesktopWindow::NativeWindow : public QMainWindow {
   QAbstractButton* cancelButton_ = nullptr;
 
  protected:
+  bool event(QEvent* event) override {
+    if (event->type() == QEvent::WindowActivate) givesWay_ = false;
+    return QMainWindow::event(event);
+  }
+
   void closeEvent(QCloseEvent* event) override {
     const bool isDocument = type_ == WindowType::Document;
     event->setAccepted(isDocument || canClose_);
@@ -131,7 +165,7 @@ class DesktopWindow::NativeWindow : public QMainWindow {
 
   void keyPressEvent(QKeyEvent* event) override {
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    QAbstractButton* button = isReturn                         ? defaultButton_
+    QAbstractButton* button = isReturn                         ? OnReturn()
                               : event->key() == Qt::Key_Escape ? cancelButton_
                                                                : nullptr;
     if (button != nullptr && button->isVisible()) {
@@ -160,6 +194,13 @@ class DesktopWindow::NativeWindow : public QMainWindow {
   }
 
  private:
+  bool HasDefaultButton() const { return defaultButton_ != nullptr && !defaultButton_->isHidden(); }
+
+  /// The button that Return presses: the default one, and where none is shown, that with the focus.
+  QAbstractButton* OnReturn() const {
+    return HasDefaultButton() ? defaultButton_ : qobject_cast<QPushButton*>(focusWidget());
+  }
+
   /// After a click on what takes no focus, the next text typed goes into a field.
   void BackToField() {
     if (auto* field = qobject_cast<QLineEdit*>(focusWidget())) {
@@ -183,6 +224,8 @@ class DesktopWindow::NativeWindow : public QMainWindow {
   bool canClose_;
   bool resizeable_;
   QSize contentSize_;
+  QPointer<QWidget> cameFrom_;
+  bool givesWay_ = false;  // To another window, which is about to come to the front.
 };
 
 DesktopWindow::DesktopWindow(const WindowLayout& layout)
@@ -216,16 +259,10 @@ void DesktopWindow::Show() {
     return;
   }
   native_->FocusFirst();
-  if (native_->isMinimized()) {
-    native_->showNormal();
-  } else {
-    native_->show();
-  }
-  native_->raise();
-  native_->activateWindow();
+  native_->ComeToFront();
 }
 
-void DesktopWindow::Hide() { native_->hide(); }
+void DesktopWindow::Hide() { native_->GoBack(); }
 
 void DesktopWindow::Close() {
   Hide();

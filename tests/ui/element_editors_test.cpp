@@ -193,6 +193,41 @@ TEST(ElementEditors, ChangeNothingWithoutARow) {
   }
 }
 
+TEST(ElementEditors, GoBackToTheWindowThatTheyWereOpenedFrom) {
+  Program program;
+  Program::Choose("FileElementdata");
+  Program::Click(program.Main().CheckBox2);
+  Window1& counts = Window1::Instance();
+  Window2& editor = Window2::Instance();
+  Window3& isotopes = Window3::Instance();
+  const auto inFront = [] {
+    QApplication::processEvents();
+    return QApplication::activeWindow();
+  };
+  for (const bool fromIsotopes : {false, true}) {
+    const auto open = [&] {
+      Program::Focus(counts.textfield1(3));
+      if (fromIsotopes) Program::Focus(isotopes.ListBox1);
+      fromIsotopes ? DoubleClickRow(4) : ChooseRow(5);
+      EXPECT_EQ(inFront(), ToolkitSide::Of(editor));
+    };
+    open();
+    Program::Key(editor.PushButton1, Qt::Key_Space);
+    EXPECT_EQ(inFront(), fromIsotopes ? ToolkitSide::Of(isotopes) : ToolkitSide::Of(counts));
+    open();
+    Program::Click(editor.PushButton2);
+    EXPECT_EQ(inFront(), ToolkitSide::Of(counts));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_7);
+    EXPECT_EQ(counts.textfield1(0).Text(), "7");
+  }
+  isotopes.Show();
+  QApplication::processEvents();
+  counts.Show();
+  QApplication::processEvents();
+  Program::Click(counts.PushButton1);
+  EXPECT_EQ(inFront(), ToolkitSide::Of(program.Main()));
+}
+
 TEST(ElementEditors, PlaceThemselvesOnceBesideTheMainWindow) {
   for (const int left : {40, 700}) {
     Program program;

@@ -5,6 +5,7 @@
 
 #include <QAbstractScrollArea>
 #include <QClipboard>
+#include <QLineEdit>
 #include <QMenu>
 #include <QScreen>
 #include <QScrollBar>
@@ -15,6 +16,7 @@
 #include "tests/support/listing_58.h"
 #include "tests/support/plain_controls.h"
 #include "tests/support/program.h"
+#include "update/update_window.h"
 
 namespace peakwright {
 namespace {
@@ -217,6 +219,44 @@ TEST(MainWindow, KeysReachTheResultsAndTheMenuBarFromEveryWindow) {
     EXPECT_EQ(ToolkitSide::Of(*from)->window()->focusWidget(), ToolkitSide::Of(*from));
     EXPECT_FALSE(ToolkitSide::Of(main)->focusWidget()->inherits("QMenuBar"));
     EXPECT_EQ(program.Results(), start);
+  }
+}
+
+/// The field that keys go to, what of it is selected, and where its caret is.
+std::string Typing() {
+  const auto* field = qobject_cast<const QLineEdit*>(QApplication::focusWidget());
+  if (field == nullptr) return "no field";
+  return field->text().toStdString() + "|" + field->selectedText().toStdString() + "|" +
+         std::to_string(field->cursorPosition()) + "|" + std::to_string(field->x() + field->y());
+}
+
+TEST(MainWindow, LeavingAMenuLeavesTheFieldAsItWas) {
+  Program program({.IsConnected = [] { return false; }});
+  TextWindow& main = program.Main();
+  main.CheckBox2.Value(true);
+  Window2::Instance().Edit(0);
+  Program::Choose("FileUpdate");
+  QApplication::processEvents();
+  for (const DesktopUIControl* control :
+       Controls{&main.textfield1, &Window1::Instance().textfield1(2),
+                &Window2::Instance().textfield1(4), &WindowDownload::Instance().EditField1}) {
+    auto& field = static_cast<QLineEdit&>(*ToolkitSide::Of(*control));
+    for (const auto& [from, length] : {std::pair(0, 3), std::pair(1, -1), std::pair(1, 0)}) {
+      field.setText("100");
+      Program::Focus(*control);
+      field.setSelection(from, length);
+      const std::string before = Typing();
+      ASSERT_NE(before, "no field");
+      for (const auto& [opening, leaving] :
+           {std::pair("F10", Qt::Key_Escape), std::pair("Alt+F", Qt::Key_Escape),
+            std::pair("Alt+F", Qt::Key_M), std::pair("Alt+E", Qt::Key_Escape)}) {
+        QTest::keySequence(field.window()->windowHandle(), QKeySequence(QString(opening)));
+        ASSERT_NE(QApplication::activePopupWidget(), nullptr) << opening;
+        QTest::keyClick(QApplication::activePopupWidget(), leaving);
+        QApplication::processEvents();
+        EXPECT_EQ(Typing(), before) << opening << ' ' << leaving;
+      }
+    }
   }
 }
 
