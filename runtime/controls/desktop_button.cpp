@@ -12,7 +12,7 @@ namespace peakwright {
 DesktopButton::DesktopButton(DesktopWindow& window, const ControlLayout& layout)
     : DesktopUIControl(window, std::make_unique<QPushButton>(), layout) {
   auto& button = Native<QPushButton>();
-  button.setFocusPolicy(Qt::TabFocus);
+  button.setFocusPolicy(layout.TabStop ? Qt::TabFocus : Qt::NoFocus);
   Caption(layout.Text);
   QObject::connect(&button, &QPushButton::clicked, [this] {
     // An assistive tool can click what isn't on screen.

@@ -195,8 +195,20 @@ TEST_F(Update, ShowsTheResultOfTheCheck) {
     EXPECT_EQ(Window().PushButton1.Caption(), offers ? "Later" : "Close");
     EXPECT_EQ(Window().EditField1.Text(), Module1::websource);
     EXPECT_EQ(Window().Left(), 100);
-    EXPECT_EQ(server_.heads.isEmpty(), !each.connected);
-    Window().PushButton1.Press();
+    const QWidget& window = *ToolkitSide::Of(Window());
+    const QWidget* onReturn = ToolkitSide::Of(offers ? Window().PushButton2 : Window().PushButton1);
+    EXPECT_EQ(window.focusWidget(), onReturn);
+    QApplication::processEvents();
+    if (offers) {
+      for (int tabs = 0; tabs < 3; ++tabs) {
+        QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+        EXPECT_NE(window.focusWidget(), onReturn);
+      }
+      Window().PushButton1.Press();
+    } else {
+      QTest::keyClick(ToolkitSide::Of(Window()), Qt::Key_Return);
+    }
+    EXPECT_EQ(server_.heads.size(), each.connected ? 1 : 0) << "no download";
   }
   ShowAppearance(false);
 }
