@@ -8,22 +8,23 @@ class QPrinter;
 namespace peakwright {
 
 /// A print job, page after page. Lengths count from the corner of the paper, whatever the device,
-/// its resolution and its margins. They are in 1/72 inch; but every sheet holds 594 by 774 of them,
-/// which is a little less than A4 and Letter are wide and high: on a smaller sheet they shrink. The
-/// job begins with the first page that is drawn on and ends with this object; without such a page
-/// there is none.
+/// its resolution and its margins. They are in 1/72 inch; but where a sheet is too small for what
+/// is drawn and a quarter inch beyond, they shrink evenly. The job begins with the first page that
+/// is drawn on; without such a page there is none.
 class Graphics {
  public:
   /// Draws nowhere: for counting pages.
   Graphics();
   Graphics(const Graphics&) = delete;
   Graphics& operator=(const Graphics&) = delete;
-  /// Tells the user if the job did not reach its file or its printer whole, or if it has pages, but
-  /// none that the user asked for.
+  /// Lets go of a job that wasn't ended: no printer gets any of it.
   ~Graphics();
 
   /// Ends the page and starts the next one.
   void NextPage();
+  /// Ends the job. Throws std::runtime_error if it did not reach its file or its printer whole, or
+  /// if it has pages, but none that the user asked for.
+  void End();
   /// The number of the current page, from 1.
   int Page() const { return page_; }
 
@@ -36,17 +37,16 @@ class Graphics {
   /// The painter of the current page, or null if the user left this page out of the job. Throws
   /// std::runtime_error if the printer or the file can't be written to.
   QPainter* Painter();
+  /// Dots of the device a unit, for what reaches so far to the right and down.
+  double Scale(double right, double bottom) const;
   bool IsWanted() const;
   void BeginPage();
-  bool EndPainting();
-  void EndJob();
 
   std::shared_ptr<QPrinter> printer_;
   std::unique_ptr<QPainter> painter_;
   int page_ = 1;
   bool isEmpty_ = true;  ///< Nothing was to be drawn on any page.
   bool pageBegun_ = false;
-  bool failed_ = false;  ///< Which the user knows already.
 };
 
 }  // namespace peakwright

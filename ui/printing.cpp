@@ -28,16 +28,22 @@ int Draw(Graphics& page) {
   return page.Page();
 }
 
-}  // namespace
-
-void printer() {
+/// Shows both dialogs, and prints unless one of them is cancelled.
+void PrintResults() {
+  RequireMemory();
   PrinterSetup setup;
   if (!psettings.empty()) setup.Settings(psettings);
   if (!setup.ShowPageSetupDialog()) return;
   psettings = setup.Settings();
   Graphics nowhere;
   const std::unique_ptr<Graphics> page = setup.ShowPrinterDialog(Draw(nowhere));
-  if (page != nullptr) Draw(*page);
+  if (page == nullptr) return;
+  Draw(*page);
+  page->End();
 }
+
+}  // namespace
+
+void printer() { WithMemoryFor("printing", PrintResults); }
 
 }  // namespace peakwright::Module1

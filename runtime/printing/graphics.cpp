@@ -11,24 +11,15 @@
 #include <QLibrary>
 #include <QPageLayout>
 #include <QPageRanges>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QPrinter>
-
-#include "runtime/desktop_application.h"
 
 namespace peakwright {
 namespace {
 
 constexpr double kUnitsPerInch = 72;
-constexpr QSizeF kSmallestSheet(594, 774);
-
-/// Dots of the device a unit.
-double Scale(const QPrinter& printer) {
-  const QSizeF sheet = printer.pageLayout().fullRect(QPageLayout::Point).size();
-  const double shrunk = std::min(
-      {1.0, sheet.width() / kSmallestSheet.width(), sheet.height() / kSmallestSheet.height()});
-  return shrunk * printer.logicalDpiX() / kUnitsPerInch;
-}
+constexpr double kBeyond = kUnitsPerInch / 4;  // What most printers leave blank, and more.
 
 std::runtime_error CannotWrite(const QPrinter& printer) {
   const QString target =
@@ -66,7 +57,11 @@ Graphics::Graphics(std::shared_ptr<QPrinter> printer)
 }
 
 Graphics::~Graphics() {
-  if (printer_ != nullptr && !isEmpty_) DesktopApplication::Current().Raise([this] { EndJob(); });
+  if (!painter_->isActive()) return;
+  QGuiApplication::restoreOverrideCursor();
+  printer_->abort();
+  // The toolkit can't abort a file: it would complete it now, and hand it to the print server.
+  painter_->paintEngine()->setActive(false);
 }
 
 void Graphics::NextPage() {
@@ -81,6 +76,13 @@ QPainter* Graphics::Painter() {
   return painter_.get();
 }
 
+double Graphics::Scale(double right, double bottom) const {
+  const QSizeF sheet = printer_->pageLayout().fullRect(QPageLayout::Point).size();
+  const double shrunk =
+      std::min({1.0, sheet.width() / (right + kBeyond), sheet.height() / (bottom + kBeyond)});
+  return shrunk * printer_->logicalDpiX() / kUnitsPerInch;
+}
+
 bool Graphics::IsWanted() const {
   return printer_ != nullptr &&
          (printer_->printRange() != QPrinter::PageRange || printer_->pageRanges().contains(page_));
@@ -88,30 +90,22 @@ bool Graphics::IsWanted() const {
 
 void Graphics::BeginPage() {
   if (!painter_->isActive()) {
-    failed_ = !painter_->begin(printer_.get());
-    if (failed_) throw CannotWrite(*printer_);
+    if (!painter_->begin(printer_.get())) throw CannotWrite(*printer_);
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    painter_->scale(Scale(*printer_), Scale(*printer_));
   } else if (!printer_->newPage()) {
-    failed_ = true;
-    EndPainting();
     throw CannotWrite(*printer_);
   }
   pageBegun_ = true;
 }
 
-bool Graphics::EndPainting() {
-  QGuiApplication::restoreOverrideCursor();
-  return painter_->end();
-}
-
-void Graphics::EndJob() {
+void Graphics::End() {
+  if (isEmpty_) return;
   if (!painter_->isActive()) {
-    if (failed_) return;
     throw std::runtime_error("Nothing was printed: the text has no such page, it ends with page " +
                              std::to_string(page_) + ".");
   }
-  const bool ended = EndPainting();
+  const bool ended = painter_->end();
+  QGuiApplication::restoreOverrideCursor();
   const bool toFile = printer_->outputFormat() == QPrinter::PdfFormat;
   if (!ended || (toFile && !HasEndMark(printer_->outputFileName()))) throw CannotWrite(*printer_);
   const QString refusal = toFile ? QString() : Refusal();

@@ -12,6 +12,7 @@
 #include <QPrinterInfo>
 #include <QRadioButton>
 
+#include "runtime/printing/dialog_fields.h"
 #include "runtime/text/toolkit_strings.h"
 
 namespace peakwright {
@@ -23,14 +24,6 @@ namespace {
 using Numbers = std::array<double, 9>;
 
 constexpr double kLongestSide = 5080;  // Of the largest page of a PDF file.
-
-// As the print server names them, in the order of the toolkit's lists.
-constexpr std::array kPagesPerSheet{"1", "2", "4", "6", "9", "16"};
-constexpr std::array kSheetOrder{"lrtb", "lrbt", "rlbt", "rltb", "btlr", "btrl", "tblr", "tbrl"};
-
-/// Under which the toolkit's printers keep their options for the print server. Its own name for
-/// this is in a header that isn't installed.
-constexpr auto kServerOptions = static_cast<QPrintEngine::PrintEnginePropertyKey>(0xfe00);
 
 std::optional<Numbers> ToNumbers(std::string_view settings) {
   const QStringList fields = ToQString(settings).split(u' ');
@@ -45,43 +38,6 @@ std::optional<Numbers> ToNumbers(std::string_view settings) {
   });
   return readable ? std::optional(numbers) : std::nullopt;
 }
-
-/// The fields of the toolkit's page-setup dialog, which its properties of a printer have as well.
-struct Fields {
-  explicit Fields(const QDialog& dialog)
-      : Paper(dialog.findChild<QComboBox*>(QStringLiteral("pageSizeCombo"))),
-        Unit(dialog.findChild<QComboBox*>(QStringLiteral("unitCombo"))),
-        Width(dialog.findChild<QDoubleSpinBox*>(QStringLiteral("pageWidth"))),
-        Height(dialog.findChild<QDoubleSpinBox*>(QStringLiteral("pageHeight"))),
-        Portrait(dialog.findChild<QRadioButton*>(QStringLiteral("portrait"))),
-        Landscape(dialog.findChild<QRadioButton*>(QStringLiteral("landscape"))),
-        Left(dialog.findChild<QDoubleSpinBox*>(QStringLiteral("leftMargin"))),
-        Top(dialog.findChild<QDoubleSpinBox*>(QStringLiteral("topMargin"))),
-        Right(dialog.findChild<QDoubleSpinBox*>(QStringLiteral("rightMargin"))),
-        Bottom(dialog.findChild<QDoubleSpinBox*>(QStringLiteral("bottomMargin"))),
-        PagesPerSheet(dialog.findChild<QComboBox*>(QStringLiteral("pagesPerSheetCombo"))),
-        SheetOrder(dialog.findChild<QComboBox*>(QStringLiteral("pagesPerSheetLayoutCombo"))) {}
-
-  bool AreComplete() const {
-    return Paper && Unit && Width && Height && Portrait && Landscape && Left && Top && Right &&
-           Bottom && PagesPerSheet && SheetOrder;
-  }
-
-  QPageLayout::Unit LengthUnit() const { return Unit->currentData().value<QPageLayout::Unit>(); }
-
-  QComboBox* Paper;
-  QComboBox* Unit;
-  QDoubleSpinBox* Width;
-  QDoubleSpinBox* Height;
-  QRadioButton* Portrait;
-  QRadioButton* Landscape;
-  QDoubleSpinBox* Left;
-  QDoubleSpinBox* Top;
-  QDoubleSpinBox* Right;
-  QDoubleSpinBox* Bottom;
-  QComboBox* PagesPerSheet;
-  QComboBox* SheetOrder;
-};
 
 /// Printers give their papers in whole points.
 bool IsSamePaper(const QPageSize& one, const QPageSize& other) {
@@ -102,7 +58,7 @@ int RowOf(const QComboBox& papers, const QPageSize& paper) {
   return own;
 }
 
-QPageSize PaperIn(const Fields& fields) {
+QPageSize PaperIn(const PageSetupFields& fields) {
   const auto listed = fields.Paper->currentData().value<QPageSize>();
   if (listed.isValid()) return listed;
   QSizeF size(fields.Width->value(), fields.Height->value());
@@ -146,7 +102,7 @@ std::optional<PageSetup> PageSetup::FromSettings(std::string_view settings) {
 }
 
 void PageSetup::ReadFrom(const QDialog& dialog) {
-  const Fields fields(dialog);
+  const PageSetupFields fields(dialog);
   if (!fields.AreComplete()) return;
   Layout =
       QPageLayout(PaperIn(fields),
@@ -159,7 +115,7 @@ void PageSetup::ReadFrom(const QDialog& dialog) {
 }
 
 void PageSetup::FillIn(QDialog& dialog) const {
-  const Fields fields(dialog);
+  const PageSetupFields fields(dialog);
   if (!fields.AreComplete()) return;
   const bool landscape = Layout.orientation() == QPageLayout::Landscape;
   (landscape ? fields.Landscape : fields.Portrait)->click();

@@ -18,6 +18,7 @@
 #include <QRadioButton>
 #include <QSpinBox>
 
+#include "runtime/printing/dialog_fields.h"
 #include "runtime/printing/page_setup.h"
 
 namespace peakwright {
@@ -61,40 +62,37 @@ class PropertiesKeeper : public QObject {
 
 /// The dialog of desktops that have none of their own lacks a file name, and offers what the text,
 /// which is printed as it is laid out, can't have: another order of pages and, in a file, copies.
-void CompleteFileDialog(QPrintDialog& dialog) {
-  if (auto* reverse = dialog.findChild<QWidget*>(QStringLiteral("reverse"))) reverse->hide();
-  auto* copies = dialog.findChild<QSpinBox*>(QStringLiteral("copies"));
-  auto* target = dialog.findChild<QComboBox*>(QStringLiteral("printers"));
-  if (copies != nullptr && target != nullptr) {
+void CompleteFileDialog(QPrintDialog& dialog, const PrintDialogFields& fields) {
+  if (fields.Reverse != nullptr) fields.Reverse->hide();
+  if (QSpinBox* copies = fields.Copies; copies != nullptr && fields.Target != nullptr) {
     const auto offerCopies = [&dialog, copies] {
       const bool toFile = dialog.printer()->outputFormat() == QPrinter::PdfFormat;
       if (toFile) copies->setValue(1);
       copies->parentWidget()->setEnabled(!toFile);
     };
-    QObject::connect(target, &QComboBox::currentIndexChanged, &dialog, offerCopies);
+    QObject::connect(fields.Target, &QComboBox::currentIndexChanged, &dialog, offerCopies);
     offerCopies();
   }
-  auto* file = dialog.findChild<QLineEdit*>(QStringLiteral("filename"));
+  QLineEdit* file = fields.File;
   if (file == nullptr || !QFileInfo(file->text()).isDir()) return;
   file->setText(QDir(file->text()).filePath(dialog.printer()->docName() + QStringLiteral(".pdf")));
 }
 
 /// The toolkit refuses a list of pages unless the printer has one already.
-void AcceptPageLists(QPrintDialog& dialog) {
-  auto* list = dialog.findChild<QLineEdit*>(QStringLiteral("pagesLineEdit"));
-  if (list == nullptr) return;
-  QObject::connect(list, &QLineEdit::textChanged, &dialog, [&dialog](const QString& text) {
-    dialog.printer()->setPageRanges(QPageRanges::fromString(text));
-  });
+void AcceptPageLists(QPrintDialog& dialog, const PrintDialogFields& fields) {
+  if (fields.PageList == nullptr) return;
+  QObject::connect(fields.PageList, &QLineEdit::textChanged, &dialog,
+                   [&dialog](const QString& text) {
+                     dialog.printer()->setPageRanges(QPageRanges::fromString(text));
+                   });
 }
 
 /// From 6.8 on the toolkit hands a list of pages to the print server only.
-void TakePageList(QPrintDialog& dialog) {
-  const auto* chosen = dialog.findChild<QRadioButton*>(QStringLiteral("pagesRadioButton"));
-  const auto* list = dialog.findChild<QLineEdit*>(QStringLiteral("pagesLineEdit"));
-  if (chosen == nullptr || list == nullptr || !chosen->isChecked()) return;
+void TakePageList(QPrintDialog& dialog, const PrintDialogFields& fields) {
+  const QRadioButton* chosen = fields.PageListIsChosen;
+  if (chosen == nullptr || fields.PageList == nullptr || !chosen->isChecked()) return;
   dialog.printer()->setPrintRange(QPrinter::PageRange);
-  dialog.printer()->setPageRanges(QPageRanges::fromString(list->text()));
+  dialog.printer()->setPageRanges(QPageRanges::fromString(fields.PageList->text()));
 }
 
 /// The dialogs of Windows know no files, and without a printer they don't even come up.
@@ -144,12 +142,13 @@ std::unique_ptr<Graphics> PrinterSetup::ShowPrinterDialog(int pages) {
   dialog.setMinMax(1, std::max(1, pages));
   dialog.setFromTo(1, std::max(1, pages));
   dialog.setPrintRange(QPrintDialog::AllPages);
-  CompleteFileDialog(dialog);
-  AcceptPageLists(dialog);
+  const PrintDialogFields fields(dialog);
+  CompleteFileDialog(dialog, fields);
+  AcceptPageLists(dialog, fields);
   PageSetup chosen = *setup_;
   const PropertiesKeeper keeper(dialog, chosen);
   if (dialog.exec() != QDialog::Accepted) return nullptr;
-  TakePageList(dialog);
+  TakePageList(dialog, fields);
   chosen.ApplyTo(*printer_);
   return std::unique_ptr<Graphics>(new Graphics(printer_));
 }

@@ -67,6 +67,7 @@ class StyledTextPrinter::Flow {
     layout_.setCacheEnabled(true);
   }
 
+  int Width() const { return width_; }
   bool AtEnd() const { return done_ == text_.size(); }
 
   QTextLine Line() {
@@ -114,6 +115,8 @@ void StyledTextPrinter::DrawBlock(int x, int y, int height) {
   QPainter* painter = graphics_.Painter();
   if (painter != nullptr) {
     painter->save();
+    const double scale = graphics_.Scale(x + flow_->Width(), y + height);
+    painter->scale(scale, scale);
     painter->translate(x, y);
     painter->scale(1.0 / kLayoutUnits, 1.0 / kLayoutUnits);
   }

@@ -1,10 +1,17 @@
 #include "ui/printing.h"
 
+#if __has_include(<sys/resource.h>)
+#include <sys/resource.h>
+#endif
+
 #include <filesystem>
 #include <functional>
 #include <string>
 #include <vector>
 
+#include <QPageSetupDialog>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QPrinterInfo>
 #include <QTest>
 #include <QtWidgets>
@@ -12,6 +19,7 @@
 
 #include "engine/global_strings.h"
 #include "runtime/printer_setup.h"
+#include "runtime/printing/dialog_fields.h"
 #include "tests/support/patience.h"
 #include "tests/support/program.h"
 
@@ -39,7 +47,8 @@ QString Read(const QString& command) {
 class Printing : public testing::Test {
  protected:
   /// Prints, with an answer for each dialog that comes up.
-  void Print(const std::vector<Answer>& answers) {
+  void Print(const std::vector<Answer>& answers,
+             const std::function<void()>& job = Module1::printer) {
     std::size_t dialogs = 0;
     QTimer user;
     QObject::connect(&user, &QTimer::timeout, [&] {
@@ -48,7 +57,7 @@ class Printing : public testing::Test {
     });
     user.start(1);
     QTimer::singleShot(0, [&] {
-      program_.Raise(Module1::printer);
+      program_.Raise(job);
       QCoreApplication::quit();
     });
     QCoreApplication::exec();
@@ -60,6 +69,25 @@ class Printing : public testing::Test {
     results_.Text(text);
     Print({kAccept, printDialog});
     return Read("pdftotext -fixed 9.6 -x 36 -y 36 -W 540 -H 720 " + file_ + " -").toStdString();
+  }
+
+  /// The size of the first sheet in the file, and where its words stand.
+  std::pair<QSizeF, QRectF> FirstPage() const {
+    const QString page = Read("pdftotext -l 1 -bbox " + file_ + " -");
+    const auto numbersOf = [](const QString& element) {
+      QList<double> numbers;
+      for (const auto& found : QRegularExpression("=\"([0-9.]+)\"").globalMatch(element)) {
+        numbers << found.captured(1).toDouble();
+      }
+      return numbers;
+    };
+    const QList<double> sheet = numbersOf(page.section("<page", 1, 1).section('>', 0, 0));
+    QRectF text;
+    for (const QString& word : page.split("<word").mid(1)) {
+      const QList<double> at = numbersOf(word.section('>', 0, 0));
+      text |= QRectF(QPointF(at.value(0), at.value(1)), QPointF(at.value(2), at.value(3)));
+    }
+    return {{sheet.value(0), sheet.value(1)}, text};
   }
 
   void SetUp() override { Module1::psettings.clear(); }
@@ -111,7 +139,10 @@ TEST_F(Printing, PrintsEveryLineOnceAndAPageOnlyForALineThatDoesNotFit) {
   hundredfold.setPixelSize(1600);
   const auto fit = static_cast<int>(72000 / QFontMetricsF(hundredfold).lineSpacing());
   EXPECT_EQ(Printed(Rows(1, fit) + "\r\r", toFile_), Rows(1, fit) + "\f");
-  const Answer secondPage = [this](QDialog& dialog) {
+  int pages = 2;
+  const Answer secondPage = [&](QDialog& dialog) {
+    EXPECT_EQ(dialog.findChild<QSpinBox*>("to")->maximum(), pages);
+    EXPECT_EQ(dialog.findChild<QSpinBox*>("to")->value(), pages++);
     dialog.findChild<QRadioButton*>("printRange")->setChecked(true);
     dialog.findChild<QSpinBox*>("to")->setValue(2);
     dialog.findChild<QSpinBox*>("from")->setValue(2);
@@ -130,26 +161,73 @@ TEST_F(Printing, TellsThatTheFileCannotBeWritten) {
     Print({kAccept, toFile_});
     EXPECT_NE(program_.LastException().find(target.toStdString()), std::string::npos);
   }
+#ifdef RLIMIT_FSIZE
+  file_ = folder_.filePath("long.pdf");
+  rlimit former{};
+  getrlimit(RLIMIT_FSIZE, &former);
+  const rlimit limit{512, former.rlim_max};
+  setrlimit(RLIMIT_FSIZE, &limit);
+  Print({kAccept, toFile_});
+  setrlimit(RLIMIT_FSIZE, &former);
+  EXPECT_NE(program_.LastException().find(file_.toStdString()), std::string::npos);
+#endif
 }
 
 TEST_F(Printing, PutsEveryWordOnASheetOfAnyPaper) {
   QString words;
   for (int i = 1; i <= 320; ++i) words += QString::number(i) + (i % 9 == 0 ? "\r" : "\t");
   results_.Text(words.toStdString());
-  int papers = 1;
-  for (int i = 0; i < 2 * papers; ++i) {
-    const Answer paper = [&, i](QDialog& dialog) {
-      auto& list = *dialog.findChild<QComboBox*>("pageSizeCombo");
-      papers = list.count();
-      list.setCurrentIndex(i / 2);
-      dialog.findChild<QRadioButton*>(i % 2 == 0 ? "portrait" : "landscape")->click();
-      dialog.accept();
-    };
-    QFile::remove(file_);
-    Print({paper, toFile_});
-    EXPECT_EQ(Read("pdftotext -raw " + file_ + " -").simplified(), words.simplified()) << i;
+  for (const QPageSize::PageSizeId id :
+       {QPageSize::A4, QPageSize::Letter, QPageSize::Legal, QPageSize::A0, QPageSize::A5,
+        QPageSize::A10, QPageSize::Ledger, QPageSize::Envelope10, QPageSize::DoublePostcard}) {
+    for (const char* orientation : {"portrait", "landscape"}) {
+      const Answer paper = [&](QDialog& dialog) {
+        auto& list = *dialog.findChild<QComboBox*>("pageSizeCombo");
+        int row = 0;
+        while (row < list.count() && list.itemData(row).value<QPageSize>().id() != id) ++row;
+        list.setCurrentIndex(row);
+        dialog.findChild<QRadioButton*>(orientation)->click();
+        dialog.accept();
+      };
+      QFile::remove(file_);
+      Print({paper, toFile_});
+      const std::string where = QPageSize::name(id).toStdString() + " " + orientation;
+      EXPECT_EQ(Read("pdftotext -raw " + file_ + " -").simplified(), words.simplified()) << where;
+      const auto [sheet, text] = FirstPage();
+      const double unit = std::min({1.0, sheet.width() / 594, sheet.height() / 774});
+      EXPECT_NEAR(text.left(), 36 * unit, 1) << where;
+      EXPECT_NEAR(text.top(), 36 * unit, 4 * unit) << where;
+      EXPECT_LE(text.right(), sheet.width()) << where;
+      EXPECT_LE(text.bottom(), sheet.height()) << where;
+    }
   }
-  EXPECT_GT(papers, 100);
+}
+
+TEST_F(Printing, FindsEveryFieldInTheToolkitsDialogs) {
+  QPrinter printer;
+  const QPageSetupDialog pageSetup(&printer);
+  const PageSetupFields page(pageSetup);
+  ASSERT_TRUE(page.AreComplete());
+  ASSERT_EQ(page.PagesPerSheet->count(), int{kPagesPerSheet.size()});
+  for (int row = 0; row < page.PagesPerSheet->count(); ++row) {
+    EXPECT_EQ(page.PagesPerSheet->itemText(row).section(' ', 0, 0), kPagesPerSheet.at(row));
+  }
+  ASSERT_EQ(page.SheetOrder->count(), int{kSheetOrder.size()});
+  for (int row = 0; row < page.SheetOrder->count(); ++row) {
+    QString ways;  // of words such as "Left to Right, Top to Bottom"
+    for (const QString& word : page.SheetOrder->itemText(row).split(QRegularExpression("\\W"))) {
+      if (word != "to" && !word.isEmpty()) ways += word.front().toLower();
+    }
+    EXPECT_EQ(ways, kSheetOrder.at(row));
+  }
+  const QPrintDialog printDialog(&printer);
+  const PrintDialogFields print(printDialog);
+  for (const QWidget* field :
+       {static_cast<QWidget*>(print.Target), static_cast<QWidget*>(print.File),
+        static_cast<QWidget*>(print.Copies), print.Reverse,
+        static_cast<QWidget*>(print.PageListIsChosen), static_cast<QWidget*>(print.PageList)}) {
+    EXPECT_NE(field, nullptr);
+  }
 }
 
 /// With a print server that has a PDF printer.
@@ -186,6 +264,14 @@ class PrintingOnPrinter : public Printing {
 
 TEST_F(PrintingOnPrinter, KeepsToThePageSetup) {
   results_.Text(Rows(1, 220));
+  const auto givesUp = [this] {
+    const std::unique_ptr<Graphics> page = PrinterSetup().ShowPrinterDialog(1);
+    results_.StyledTextPrinter(*page, 540).DrawBlock(36, 36, 720);
+    EXPECT_NE(QGuiApplication::overrideCursor(), nullptr);
+    throw std::bad_alloc();
+  };
+  Print({kAccept}, givesUp);
+  EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
   Print({kAccept, kAccept});
   EXPECT_EQ(Sheets(), "7 of 612 x 792") << "the printer's own paper";
   for (const QString setup : {"A4 0 portrait 7 of 595 x 842", "A4 2 portrait 2 of 595 x 842",
