@@ -1,4 +1,3 @@
-#include <QMessageBox>
 #include <QPushButton>
 #include <gtest/gtest.h>
 
@@ -20,12 +19,7 @@ class Ending : public testing::Test {
 
   static WindowDownload& Update() { return WindowDownload::Instance(); }
 
-  static QMessageBox* Box() {
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-      if (auto* box = qobject_cast<QMessageBox*>(widget); box && box->isVisible()) return box;
-    }
-    return nullptr;
-  }
+  static QMessageBox* Box() { return Program::Box(); }
 
   int argc_ = 0;
   App app_{argc_, nullptr, {.IsConnected = [] { return false; }}};

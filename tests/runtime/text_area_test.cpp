@@ -294,11 +294,8 @@ TEST(TextArea, LeavesNothingOfAStepThatFails) {
     insert(Rows(600, '\n') + "\r");
     throw std::bad_alloc();
   };
+  const auto writes = [&] { view.InsertText("one\r"), view.InsertText(0, fails); };
   EXPECT_THROW(view.InsertText(0, fails), std::bad_alloc);
-  const auto writes = [&] {
-    view.InsertText("one\r");
-    view.InsertText(0, fails);
-  };
   EXPECT_THROW(view.AsOneStep(writes), std::bad_alloc);
   EXPECT_EQ(view.Text(), "first");
   EXPECT_EQ(view.textCursor().anchor(), 4);

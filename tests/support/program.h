@@ -6,6 +6,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QMessageBox>
 #include <QTest>
 #include <QWidget>
 
@@ -60,6 +61,13 @@ class Program : public App {
   }
   static bool Marked(const char* menuItem) {
     return Menu::Instance().Lookup(menuItem)->HasCheckMark();
+  }
+  /// The box that shows exceptions, or null.
+  static QMessageBox* Box() {
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+      if (auto* box = qobject_cast<QMessageBox*>(widget); box && box->isVisible()) return box;
+    }
+    return nullptr;
   }
   static bool Shown(const DesktopWindow& window) { return ToolkitSide::Of(window)->isVisible(); }
 
