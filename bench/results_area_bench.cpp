@@ -177,6 +177,21 @@ void BM_TypeAKey(benchmark::State& state) {
 }
 BENCHMARK(BM_TypeAKey)->Apply(FewOfALongThing);
 
+/// A line of 1,000,000 characters, without a blank or with some.
+void BM_LongLine(benchmark::State& state) {
+  std::string line(1'000'000, '7');
+  for (auto at = static_cast<std::size_t>(state.range(0)); at != 0 && at < line.size(); at += 7) {
+    line[at] = ' ';
+  }
+  Measure(
+      state, [](Program& program) { program.Empty(); },
+      [&line](Program& program) {
+        program.Results().SelectedText(line);
+        Paint();
+      });
+}
+BENCHMARK(BM_LongLine)->ArgName("blanks")->Arg(0)->Arg(1)->Apply(FewOfALongThing);
+
 void BM_TurnAPage(benchmark::State& state) {
   Measure(
       state, [](Program& program) { program.Results().VerticalScrollPosition(700'000); },

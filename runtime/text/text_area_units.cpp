@@ -15,25 +15,30 @@ namespace peakwright {
 
 void TextAreaView::mousePressEvent(QMouseEvent* event) {
   const QTextCursor former = textCursor();
+  const int top = verticalScrollBar()->value();
+  const int at = cursorForPosition(event->pos()).position();
   QPlainTextEdit::mousePressEvent(event);
   if (event->button() != Qt::LeftButton) return;
   if (event->modifiers() == Qt::ShiftModifier) {
-    ExtendTaken(event->pos());
+    ExtendTaken(at);
+  } else if (textCursor().hasSelection() && textCursor() != former) {  // the third click
+    Take(&TextAreaView::RowAround, at, top);
   } else {
-    // A press that selects is the third click.
-    const bool selects = textCursor().hasSelection() && textCursor() != former;
-    Take(selects ? &TextAreaView::RowAround : nullptr, event->pos());
+    unit_ = nullptr;
   }
 }
 
 void TextAreaView::mouseDoubleClickEvent(QMouseEvent* event) {
+  const int top = verticalScrollBar()->value();
+  const int at = cursorForPosition(event->pos()).position();
   QPlainTextEdit::mouseDoubleClickEvent(event);
-  if (event->button() == Qt::LeftButton) Take(&TextAreaView::BetweenBlanks, event->pos());
+  if (event->button() == Qt::LeftButton) Take(&TextAreaView::BetweenBlanks, at, top);
 }
 
 void TextAreaView::mouseMoveEvent(QMouseEvent* event) {
   QPlainTextEdit::mouseMoveEvent(event);
-  if ((event->buttons() & Qt::LeftButton) != 0) ExtendTaken(event->pos());
+  if ((event->buttons() & Qt::LeftButton) != 0)
+    ExtendTaken(cursorForPosition(event->pos()).position());
 }
 
 std::pair<int, int> TextAreaView::RowAround(int position) const {
@@ -82,19 +87,19 @@ std::pair<int, int> TextAreaView::BetweenBlanks(int position) const {
   return {start + first, start + last};
 }
 
-void TextAreaView::Take(Unit unit, QPoint point) {
+void TextAreaView::Take(Unit unit, int position, int top) {
   unit_ = unit;
-  if (unit == nullptr) return;
   taken_ = textCursor();
-  const auto [start, end] = (this->*unit)(cursorForPosition(point).position());
+  const auto [start, end] = (this->*unit)(position);
   taken_.setPosition(start);
   taken_.setPosition(end, QTextCursor::KeepAnchor);
   setTextCursor(taken_);
+  verticalScrollBar()->setValue(top);
 }
 
-void TextAreaView::ExtendTaken(QPoint point) {
+void TextAreaView::ExtendTaken(int position) {
   if (unit_ == nullptr || taken_.isNull()) return;
-  const auto [start, end] = (this->*unit_)(cursorForPosition(point).position());
+  const auto [start, end] = (this->*unit_)(position);
   const bool upwards = start < taken_.selectionStart();
   QTextCursor cursor = taken_;
   cursor.setPosition(upwards ? taken_.selectionEnd() : taken_.selectionStart());

@@ -97,6 +97,7 @@ std::string TextAreaView::Text() const { return TextOf(*document()); }
 
 void TextAreaView::ReplaceText(std::string_view text) {
   if (text.empty() && document()->isEmpty()) return;
+  RefuseLongLine(0, TextLength(), text);
   std::unique_ptr<QTextDocument> made = NewDocument();
   shown_->clearUndoRedoStacks(QTextDocument::RedoStack);
   std::unique_ptr<QTextDocument> replaced = std::move(shown_);

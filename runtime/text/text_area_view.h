@@ -83,8 +83,9 @@ class TextAreaView : public QPlainTextEdit {
   void DeleteToRowEnd();
   void TurnPage(int direction);
   std::pair<int, int> BetweenBlanks(int position) const;
-  void Take(Unit unit, QPoint point);
-  void ExtendTaken(QPoint point);
+  /// Selects the unit around a position, with the line `top` at the top of the view.
+  void Take(Unit unit, int position, int top);
+  void ExtendTaken(int position);
   LineCountingLayout& Layout() const;
   QTextLine LaidOutLine(const QTextBlock& block, int position) const;
 

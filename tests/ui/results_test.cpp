@@ -5,7 +5,9 @@
 
 #include <QClipboard>
 #include <QContextMenuEvent>
+#include <QDropEvent>
 #include <QMenu>
+#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QTimer>
@@ -84,6 +86,19 @@ TEST(Results, ClicksTakeRowsAndWhatStandsBetweenBlanks) {
   EXPECT_EQ(program.Selected().substr(0, 5), "ASS  ") << "a plain click ends it";
 }
 
+TEST(Results, ThreeClicksLeaveALongListingInPlace) {
+  const Listed program("700");
+  program.Scroll.setValue(300);
+  const QPoint point(150, 200);
+  const int line = static_cast<int>(
+      program.Main().textfield2.LineNumber(program.Area.cursorForPosition(point).position()));
+  QTest::mouseDClick(&program.Seen, Qt::LeftButton, {}, point);
+  QTest::mouseClick(&program.Seen, Qt::LeftButton, {}, point);
+  EXPECT_EQ(program.Selected().find('\n'), program.Selected().size() - 1);
+  EXPECT_EQ(program.Line(), line + 1);
+  EXPECT_EQ(program.Scroll.value(), 300);
+}
+
 TEST(Results, PageKeysGoOnFromTheRowsInView) {
   const Listed program("700");
   program.Scroll.setValue(300);
@@ -106,11 +121,15 @@ TEST(Results, PageKeysGoOnFromTheRowsInView) {
   EXPECT_EQ(program.Scroll.value(), 0);
   program.Press(Qt::Key_PageDown, Qt::ShiftModifier);
   EXPECT_GT(program.Selected().size(), 20U * 47);
+  for (int right = 0; right < 3; ++right) program.Press(Qt::Key_Right);
+  const int third = program.Area.textCursor().columnNumber();
   for (int line = program.Line(); line < program.LastLine(); line = program.Line()) {
     program.Press(Qt::Key_PageDown);
     ASSERT_EQ(program.Line(), std::min(line + page, program.LastLine()));
     ASSERT_TRUE(program.SeesInsertionPoint());
   }
+  program.Press(Qt::Key_PageUp);
+  EXPECT_EQ(program.Area.textCursor().columnNumber(), third) << "past an empty line";
 }
 
 TEST(Results, PageKeysInAFieldLeaveTheInsertionPoint) {
@@ -182,6 +201,11 @@ TEST(Results, HoldsALineOfAMegabyteAndRefusesALongerOneWithoutALoss) {
   EXPECT_EQ(text(), kListing58);
   const std::string sentence = "The results can't hold a line of more than 1,500,000 characters.";
   EXPECT_EQ(program.LastException(), sentence);
+  QMimeData dragged;
+  dragged.setText(longest + u'7');
+  QDropEvent drop({}, Qt::CopyAction, &dragged, Qt::LeftButton, {});
+  QApplication::sendEvent(&program.Seen, &drop);
+  EXPECT_EQ(program.Results(), kListing58);
   paste(longest + QStringLiteral("\nab\nc"));
   const std::string full = longest.toStdString() + "\nab\nc";
   ASSERT_EQ(text(), full);
