@@ -209,6 +209,7 @@ TEST(TextArea, ShowsAMegabyteInOneLine) {
   ShownView view;
   const std::string half(500'000, '7');
   view.InsertText(half + "\n" + half + "\rend");
+  EXPECT_EQ(view.document()->blockCount(), 3) << "laid out one by one";
   view.Select(500'000, 500'000);
   const auto isShown = [&](const std::string& line) {
     EXPECT_EQ(view.Text(), line + "\rend");

@@ -222,7 +222,6 @@ TEST(Results, HoldsALineOfAMegabyteAndRefusesALongerOneWithoutALoss) {
   const auto end = static_cast<int>(longest.size());
   for (const Case& act : {Case{end, end, Qt::Key_Delete, {}},
                           {end + 1, end + 1, Qt::Key_Backspace, {}},
-                          {end, end, Qt::Key_K, Qt::ControlModifier},
                           {end, end + 2, Qt::Key_X, Qt::ControlModifier},
                           {end, end + 2, Qt::Key_Delete, {}},
                           {end - 1, end + 2, Qt::Key_A, {}},
