@@ -1,5 +1,8 @@
 // What the user does while the program waits for the update server.
 
+#include <QDropEvent>
+#include <QInputMethodEvent>
+#include <QMimeData>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTimer>
@@ -40,11 +43,24 @@ class Check : public testing::Test {
 
 TEST_F(Check, KeepsWhatTheUserDoesAndCarriesItOutAfterwards) {
   TextWindow& main = program_.Main();
-  Program::Focus(main.textfield1);
+  QMimeData dragged;
+  dragged.setText(QStringLiteral("7"));
+  QDragEnterEvent enter({}, Qt::CopyAction, &dragged, {}, {});
+  QApplication::sendEvent(ToolkitSide::Of(main.textfield1), &enter);
+  Program::Key(main.textfield1, Qt::Key_A, Qt::ControlModifier);
   const std::string before = program_.Results();
   Begin();
   main.PushButton2.Press();  // As assistive tools do.
-  for (const auto& key : {Qt::Key_5, Qt::Key_8, Qt::Key_Return}) QTest::keyClick(window_, key);
+  QInputMethodEvent five;
+  five.setCommitString(QStringLiteral("5"));
+  QApplication::sendEvent(ToolkitSide::Of(main.textfield1), &five);
+  for (const auto& key : {Qt::Key_8, Qt::Key_Return}) QTest::keyClick(window_, key);
+  QDragEnterEvent again({}, Qt::CopyAction, &dragged, {}, {});
+  QDropEvent drop({}, Qt::CopyAction, &dragged, {}, {});
+  for (QEvent* event : {static_cast<QEvent*>(&drop), static_cast<QEvent*>(&again)}) {
+    QApplication::sendEvent(ToolkitSide::Of(main.textfield1), event);
+    EXPECT_FALSE(event->isAccepted());
+  }
   main.checkbox1.Value(true);
   QTest::keyClick(window_, Qt::Key_R, Qt::ControlModifier);
   const QPoint more = ToolkitSide::Of(main.PushButton3)->mapTo(ToolkitSide::Of(main), QPoint(8, 8));

@@ -6,6 +6,7 @@
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QScreen>
+#include <QWheelEvent>
 #include <gtest/gtest.h>
 
 #include "tests/support/program.h"
@@ -30,6 +31,11 @@ void TypeLetter(Qt::Key letter, const std::string& row) {
   EXPECT_EQ(box.view()->currentIndex().data().toString().toStdString(), row);
   EXPECT_EQ(box.currentIndex(), before);
   QTest::keyClick(box.view(), Qt::Key_Escape);
+}
+
+void TurnWheelOnPopup() {
+  QWheelEvent down({5, 5}, {5, 5}, {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(ToolkitSide::Of(Window1::Instance().PopupMenu1), &down);
 }
 
 void DoubleClickRow(int row) {
@@ -85,6 +91,7 @@ TEST(ElementEditors, GoThroughTheirStates) {
       {"isotopes by the button", [&] { Program::Click(counts.PushButton4); }, "13+* 0 "},
       {"letter on the popup", [] { TypeLetter(Qt::Key_S, "Si"); }, "13+* 0 "},
       {"popup row of C", [] { ChooseRow(1); }, "123+* 1 0"},
+      {"wheel on the closed popup", TurnWheelOnPopup, "123+* 1 0"},
       {"letter of the row after next", [] { TypeLetter(Qt::Key_N, "N"); }, "123+* 1 0"},
       {"double click on S", [] { DoubleClickRow(10); }, "123+* 11 10"},
       {"close key on the editor", altF4(editor), "123+* 11 10"},
