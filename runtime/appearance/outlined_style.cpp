@@ -15,8 +15,12 @@
 namespace peakwright {
 namespace {
 
-// The least contrast of a control's outline is 3 (WCAG 2.1, level AA); buttons are shaded.
+// The least contrast of a control's outline is 3, that of text 4.5 (WCAG 2.1, level AA); buttons
+// are shaded.
 constexpr double kVisible = 3.4;
+constexpr double kReadable = 8.0;
+constexpr int kSteps = 64;  // From one colour to another.
+constexpr QMargins kLine(1, 1, 1, 1);
 
 QColor Mixed(const QColor& from, const QColor& to, double share) {
   const auto mix = [share](int one, int other) {
@@ -25,17 +29,17 @@ QColor Mixed(const QColor& from, const QColor& to, double share) {
   return {mix(from.red(), to.red()), mix(from.green(), to.green()), mix(from.blue(), to.blue())};
 }
 
+QColor ActiveColor(const QStyleOption& option, QPalette::ColorRole role) {
+  return option.palette.color(QPalette::Active, role);
+}
+
 /// The colour nearest to the window's (with the focus: to the highlight) that stands out from both
 /// the window and the control's fill, or at least from the window.
-QColor OutlineColor(const QStyleOption& option, QPalette::ColorRole fillRole) {
-  const auto color = [&option](QPalette::ColorRole role) {
-    return option.palette.color(QPalette::Active, role);
-  };
+QColor OutlineColor(const QStyleOption& option, const QColor& fill) {
   const bool focused = (option.state & QStyle::State_HasFocus) != 0;
-  const QColor window = color(QPalette::Window);
-  const QColor from = focused ? color(QPalette::Highlight) : window;
-  const QColor to = color(QPalette::WindowText);
-  constexpr int kSteps = 64;
+  const QColor window = ActiveColor(option, QPalette::Window);
+  const QColor from = focused ? ActiveColor(option, QPalette::Highlight) : window;
+  const QColor to = ActiveColor(option, QPalette::WindowText);
   QColor fallback = to;
   for (int step = kSteps; step >= 0; --step) {
     const QColor mixed = Mixed(from, to, static_cast<double>(step) / kSteps);
@@ -44,11 +48,45 @@ QColor OutlineColor(const QStyleOption& option, QPalette::ColorRole fillRole) {
   }
   for (int step = 0; step <= kSteps; ++step) {
     const QColor mixed = Mixed(from, to, static_cast<double>(step) / kSteps);
-    if (Contrast(mixed, window) >= kVisible && Contrast(mixed, color(fillRole)) >= kVisible) {
-      return mixed;
-    }
+    if (Contrast(mixed, window) >= kVisible && Contrast(mixed, fill) >= kVisible) return mixed;
   }
   return fallback;
+}
+
+QColor OutlineColor(const QStyleOption& option, QPalette::ColorRole fillRole) {
+  return OutlineColor(option, ActiveColor(option, fillRole));
+}
+
+/// Whether it is the button that Return presses.
+bool IsDefault(const QStyleOption& option) {
+  const auto* button = qstyleoption_cast<const QStyleOptionButton*>(&option);
+  return button != nullptr && (button->features & QStyleOptionButton::DefaultButton) != 0;
+}
+
+/// Whether it is that in the window that has the keyboard.
+bool TakesReturn(const QStyleOption& option) {
+  return IsDefault(option) && (option.state & QStyle::State_Active) != 0;
+}
+
+/// The colour nearest to the highlight on which highlighted text can be read.
+QColor DefaultFill(const QStyleOption& option) {
+  const QColor text = ActiveColor(option, QPalette::HighlightedText);
+  const QColor away = text.lightness() < 128 ? Qt::white : Qt::black;
+  for (int step = 0; step < kSteps; ++step) {
+    const QColor mixed =
+        Mixed(ActiveColor(option, QPalette::Highlight), away, static_cast<double>(step) / kSteps);
+    if (Contrast(mixed, text) >= kReadable) return mixed;
+  }
+  return away;
+}
+
+/// The option in the colours of the default button.
+QStyleOptionButton AsDefault(const QStyleOption& option) {
+  QStyleOptionButton marked = static_cast<const QStyleOptionButton&>(option);
+  marked.palette.setColor(QPalette::Button, DefaultFill(option));
+  marked.palette.setColor(QPalette::ButtonText, ActiveColor(option, QPalette::HighlightedText));
+  marked.features &= ~QStyleOptionButton::DefaultButton;
+  return marked;
 }
 
 /// Strokes a rectangle from within, with a line of whole pixels of the display.
@@ -71,6 +109,35 @@ void Outline(QPainter& painter, const QRect& rect, const QColor& color) {
   painter.restore();
 }
 
+/// The same for the circle within a rectangle.
+void OutlineCircle(QPainter& painter, const QRect& rect, const QColor& color) {
+  constexpr double kWidth = 1.5;  // Smoothed, a line of one unit would be too faint.
+  constexpr double kHalf = kWidth / 2;
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(color, kWidth));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawEllipse(QRectF(rect).adjusted(kHalf, kHalf, -kHalf, -kHalf));
+  painter.restore();
+}
+
+void DrawDefaultButton(QPainter& painter, const QStyleOptionButton& marked) {
+  Outline(painter, marked.rect, OutlineColor(marked, QPalette::Button));
+  if ((marked.state & QStyle::State_HasFocus) == 0) return;
+  Outline(painter, marked.rect - kLine - kLine, ActiveColor(marked, QPalette::HighlightedText));
+}
+
+/// Fills what is moved by the mouse, which stays clear of the edges.
+void FillSlider(QPainter& painter, const QStyleOptionSlider& bar, const QRect& slider) {
+  constexpr int kClear = 3;
+  const bool upright = bar.orientation == Qt::Vertical;
+  const bool held = (bar.state & QStyle::State_Sunken) != 0 &&
+                    (bar.activeSubControls & QStyle::SC_ScrollBarSlider) != 0;
+  painter.fillRect(
+      upright ? slider.adjusted(kClear, 1, -kClear, -1) : slider.adjusted(1, kClear, -1, -kClear),
+      held ? ActiveColor(bar, QPalette::WindowText) : OutlineColor(bar, QPalette::Button));
+}
+
 }  // namespace
 
 OutlinedStyle::OutlinedStyle() : QProxyStyle(QStringLiteral("fusion")) {}
@@ -78,6 +145,12 @@ OutlinedStyle::OutlinedStyle() : QProxyStyle(QStringLiteral("fusion")) {}
 void OutlinedStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                   QPainter* painter, const QWidget* widget) const {
   const bool area = qobject_cast<const QAbstractScrollArea*>(widget) != nullptr;
+  if (element == PE_PanelButtonCommand && TakesReturn(*option)) {
+    const QStyleOptionButton marked = AsDefault(*option);
+    QProxyStyle::drawPrimitive(element, &marked, painter, widget);
+    DrawDefaultButton(*painter, marked);
+    return;
+  }
   if (element == PE_Frame && area) {
     painter->fillRect(option->rect, option->palette.base());
   } else {
@@ -90,10 +163,16 @@ void OutlinedStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* 
     case PE_IndicatorCheckBox:
       Outline(*painter, option->rect, OutlineColor(*option, QPalette::Base));
       break;
+    case PE_IndicatorRadioButton:
+      OutlineCircle(*painter, option->rect, OutlineColor(*option, QPalette::Base));
+      break;
     case PE_PanelButtonCommand:
       // A popup draws its button into a picture of its own; it is outlined as a whole.
       if (qobject_cast<const QComboBox*>(widget) != nullptr) break;
       Outline(*painter, option->rect, OutlineColor(*option, QPalette::Button));
+      if (IsDefault(*option)) {
+        Outline(*painter, option->rect - kLine, OutlineColor(*option, QPalette::Button));
+      }
       break;
     default:
       break;
@@ -102,6 +181,11 @@ void OutlinedStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* 
 
 void OutlinedStyle::drawControl(ControlElement element, const QStyleOption* option,
                                 QPainter* painter, const QWidget* widget) const {
+  if (element == CE_PushButtonLabel && TakesReturn(*option)) {
+    const QStyleOptionButton marked = AsDefault(*option);
+    QProxyStyle::drawControl(element, &marked, painter, widget);
+    return;
+  }
   QProxyStyle::drawControl(element, option, painter, widget);
   if (element != CE_ProgressBar) return;
   Outline(*painter, option->rect, OutlineColor(*option, QPalette::Base));
@@ -110,8 +194,20 @@ void OutlinedStyle::drawControl(ControlElement element, const QStyleOption* opti
 void OutlinedStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                        QPainter* painter, const QWidget* widget) const {
   QProxyStyle::drawComplexControl(control, option, painter, widget);
-  if (control != CC_ComboBox) return;
-  Outline(*painter, option->rect, OutlineColor(*option, QPalette::Button));
+  switch (control) {
+    case CC_ComboBox:
+      Outline(*painter, option->rect, OutlineColor(*option, QPalette::Button));
+      break;
+    case CC_SpinBox:
+      Outline(*painter, option->rect, OutlineColor(*option, QPalette::Base));
+      break;
+    case CC_ScrollBar:
+      FillSlider(*painter, static_cast<const QStyleOptionSlider&>(*option),
+                 subControlRect(CC_ScrollBar, option, SC_ScrollBarSlider, widget));
+      break;
+    default:
+      break;
+  }
 }
 
 int OutlinedStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,

@@ -6,6 +6,7 @@ namespace peakwright {
 
 /// The toolkit's own style with outlines that can be seen: on whole pixels of the display, so that
 /// none is cut at any scale, and with a contrast of 3 or more to the window and the control's fill.
+/// A scroll bar's slider stands out likewise, and the default button is filled with the highlight.
 class OutlinedStyle : public QProxyStyle {
  public:
   OutlinedStyle();

@@ -149,7 +149,10 @@ class DesktopWindow::NativeWindow : public QMainWindow {
 
  protected:
   bool event(QEvent* event) override {
-    if (event->type() == QEvent::WindowActivate) givesWay_ = false;
+    const bool comes = event->type() == QEvent::WindowActivate;
+    if (comes) givesWay_ = false;
+    // It looks as if Return pressed it only while that is so.
+    if (comes || event->type() == QEvent::WindowDeactivate) UpdateDefaultButton();
     return QMainWindow::event(event);
   }
 
@@ -195,6 +198,10 @@ class DesktopWindow::NativeWindow : public QMainWindow {
 
  private:
   bool HasDefaultButton() const { return defaultButton_ != nullptr && !defaultButton_->isHidden(); }
+
+  void UpdateDefaultButton() {
+    if (defaultButton_ != nullptr) defaultButton_->update();
+  }
 
   /// The button that Return presses: the default one, and where none is shown, that with the focus.
   QAbstractButton* OnReturn() const {

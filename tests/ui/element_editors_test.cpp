@@ -227,10 +227,6 @@ TEST(ElementEditors, GoBackToTheWindowThatTheyWereOpenedFrom) {
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_7);
     EXPECT_EQ(counts.textfield1(0).Text(), "7");
   }
-  isotopes.Show();
-  QApplication::processEvents();
-  counts.Show();
-  QApplication::processEvents();
   Program::Click(counts.PushButton1);
   EXPECT_EQ(inFront(), ToolkitSide::Of(program.Main()));
 }
