@@ -23,6 +23,7 @@
 #include "runtime/desktop_menu.h"
 #include "runtime/speech/announcement.h"
 #include "runtime/text/toolkit_strings.h"
+#include "runtime/windows/frame_buttons.h"
 
 namespace peakwright {
 
@@ -148,6 +149,12 @@ class DesktopWindow::NativeWindow : public QMainWindow {
   QAbstractButton* cancelButton_ = nullptr;
 
  protected:
+  void showEvent(QShowEvent* event) override {
+    constexpr auto kButtons = Qt::WindowCloseButtonHint | Qt::WindowMinMaxButtonsHint;
+    if ((windowFlags() & kButtons) == 0) AskForFrameWithoutButtons(*windowHandle());
+    QMainWindow::showEvent(event);
+  }
+
   bool event(QEvent* event) override {
     const bool comes = event->type() == QEvent::WindowActivate;
     if (comes) givesWay_ = false;

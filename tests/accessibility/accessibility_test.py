@@ -160,6 +160,13 @@ class Assistive(unittest.TestCase):
             program.press(key)
             wait_for(names, lambda: program.last_reached(len(names)))
 
+    @unittest.skipIf("WAYLAND_DISPLAY" in os.environ, "there the compositor draws the frames")
+    def test_panels_ask_for_frames_without_buttons(self):
+        self.open_counts()
+        panel = subprocess.check_output(["xdotool", "getactivewindow"])
+        hints = subprocess.check_output(["xprop", "-id", panel.strip(), "_MOTIF_WM_HINTS"])
+        self.assertTrue(hints.endswith(b"= 0x3, 0x4, 0xa, 0x0, 0x0\n"), hints)
+
     def test_table_gives_its_cells(self):
         program = self.program
         self.open_counts()

@@ -10,7 +10,7 @@ import time
 
 PROGRAMS = {"dbus-daemon": "dbus-daemon", "pdftotext": "poppler-utils"}
 OF_SESSION = {
-    "x11": {"Xvfb": "xvfb", "openbox": "openbox", "xdotool": "xdotool"},
+    "x11": {"Xvfb": "xvfb", "openbox": "openbox", "xdotool": "xdotool", "xprop": "x11-utils"},
     "wayland": {"sway": "sway", "wtype": "wtype", "wl-paste": "wl-clipboard"}}
 WAYLAND_PLUGINS = "/usr/lib/*/qt6/plugins/platforms/libqwayland*"
 NOBODY = 65534

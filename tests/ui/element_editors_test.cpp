@@ -151,8 +151,11 @@ TEST(ElementEditors, MakeSodiumOfXAndListIt) {
             "   ----------- -- -- -- --   ----   ----  ---\r"
             "   1) 137.8977           1   1.64  41.29   .0\n"
             "\r\r");
+  for (int i = 0; i < 9; ++i) Program::Type(counts.textfield1(i), "7");
   Program::Click(counts.PushButton2);
   for (int i = 0; i < 9; ++i) EXPECT_EQ(counts.textfield1(i).Text(), "0");
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_8);
+  EXPECT_EQ(counts.textfield1(8).Text(), "8") << "a click selects the field in use";
 }
 
 TEST(ElementEditors, TakeWhateverIsTyped) {
