@@ -118,6 +118,14 @@ TEST_F(RunTest, SaysSoWhereALimitWouldBePassed) {
   controls_.table.CellTextAt(2, 3, "2.1");
   EXPECT_EQ(Run("9999", {9999, 10001}).find("There are more"), std::string::npos);
   EXPECT_NE(Run("9999", {9999, 10000}).find("There are more"), std::string::npos);
+  // Of these, only the one without N is valid.
+  controls_.table.CellTextAt(2, 3, "-1e39");
+  EXPECT_EQ(Run("19999998").find("There are more"), std::string::npos);
+  EXPECT_TRUE(Run("19999999").ends_with("for mass 19999999 than the limit of 20000000.\r\r"));
+  controls_.table = ElementTable();
+  controls_.nitrogenRule = false;
+  EXPECT_EQ(Run("5000").find("There are more"), std::string::npos);
+  EXPECT_TRUE(Run("5500").ends_with("for mass 5500 than the limit of 2000000.\r\r"));
 }
 
 TEST_F(RunTest, ComesBackFromAnything) {
@@ -149,11 +157,22 @@ TEST_F(RunTest, AgreesWithTheLiteralRunOnEditedCells) {
     ExpectLiteralRun("100", {{0, column, "1e20"}, {2, column, "-1e20"}});
   }
   for (const char* valence : {"-1e39", "1e39"}) {
-    for (const int row : {0, 1, 2}) ExpectLiteralRun("100", {{row, 3, valence}});
+    for (const int row : {0, 1, 2}) {
+      for (const bool rule : {false, true}) {
+        controls_.nitrogenRule = rule;
+        ExpectLiteralRun("100", {{row, 3, valence}});
+      }
+    }
   }
+  controls_.nitrogenRule = false;
   ExpectLiteralRun("100", {{0, 3, "1"}, {1, 3, "2"}});  // RDB falls with C
   Count(7, "60");                                       // of X, which takes 30 from RDB
   ExpectLiteralRun("100", {{11, 3, "1"}, {1, 3, "3"}});
+  Count(7, "1");
+  ExpectLiteralRun("50", {{11, 3, "-1"}});
+  ExpectLiteralRun("2", {{11, 3, "3"}, {1, 3, ".49999997"}});
+  Count(7, "3");
+  ExpectLiteralRun("16", {{11, 3, "2.8333333"}});
 }
 
 TEST_F(RunTest, AgreesWithTheLiteralRunOnAllMassesTo300) {
@@ -172,6 +191,9 @@ TEST_F(RunTest, AgreesWithTheLiteralRunOnLongNumbers) {
   ExpectLiteralRun("900", {});
   ExpectLiteralRun("20050", {{0, 1, "1000"}, {3, 1, "15000"}, {2, 1, "6000"}, {1, 3, "2"}});
   ExpectLiteralRun("6000", manyN);
+  std::vector<Edit> heavyN = manyN;  // Of the first batches the exact mass is infinite.
+  heavyN.push_back({2, 2, "1e35"});
+  ExpectLiteralRun("6000", heavyN);
   ExpectLiteralRun("12345678901", largeMasses);
   controls_.nitrogenRule = true;
   ExpectLiteralRun("300", {{0, 1, "12.1"}, {2, 1, "14.3"}, {3, 1, "15.7"}});

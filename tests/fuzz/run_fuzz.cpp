@@ -28,7 +28,14 @@ class Choices {
     const int kind = Below(8);
     if (kind == 0) return kOddTexts[Below(std::size(kOddTexts))];
     const std::string whole = std::to_string(Below(40));
-    return kind < 3 ? whole + "." + std::to_string(Below(100)) : whole;
+    if (kind < 3) return whole + "." + std::to_string(Below(100));
+    return kind < 5 ? LongNumber() : whole;
+  }
+  /// Of ten digits. Sums of such numbers need all the bits of a Single, and a report shows them.
+  std::string LongNumber() {
+    std::string digits = Below(4) == 0 ? "-" : "";
+    for (int i = 0; i < 10; ++i) digits += static_cast<char>('0' + Below(10));
+    return digits.insert(1 + Below(9), ".");
   }
 
  private:
@@ -38,7 +45,10 @@ class Choices {
 
 PlainControls MakeControls(Choices choices) {
   PlainControls controls;
-  controls.mass = choices.Below(8) == 0 ? choices.Number() : std::to_string(choices.Below(160));
+  const int size = choices.Below(32);
+  controls.mass = size < 4    ? choices.Number()
+                  : size == 4 ? std::to_string(160 + choices.Below(200))
+                              : std::to_string(choices.Below(160));
   controls.nitrogenRule = choices.Below(2) == 1;
   controls.additionalElements = choices.Below(2) == 1;
   for (std::string& count : controls.counts) {
@@ -46,9 +56,9 @@ PlainControls MakeControls(Choices choices) {
     if (kind < 3) count = std::to_string(choices.Below(7) - 3);
     if (kind == 3) count = choices.Number();
   }
-  for (int edits = choices.Below(5); edits > 0; --edits) {
+  for (int edits = choices.Below(8); edits > 0; --edits) {
     const int row =
-        choices.Below(3) == 0 ? choices.Below(kElementCount) : choices.Below(kCoreElementCount);
+        choices.Below(2) == 0 ? choices.Below(kElementCount) : choices.Below(kCoreElementCount);
     const int column = choices.Below(kElementColumns);
     controls.table.CellTextAt(
         row, column, column == 0 ? kNames[choices.Below(std::size(kNames))] : choices.Number());
@@ -82,7 +92,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 int main(int argc, char** argv) {
   const long cases = argc > 1 ? std::atol(argv[1]) : 1000;
   std::mt19937 random(argc > 2 ? static_cast<unsigned>(std::atol(argv[2])) : 1);
-  std::vector<std::uint8_t> data(64);
+  std::vector<std::uint8_t> data(160);
   for (long i = 0; i < cases; ++i) {
     for (std::uint8_t& byte : data) byte = static_cast<std::uint8_t>(random());
     peakwright::Check(data.data(), data.size());
