@@ -66,8 +66,11 @@ TEST_F(Check, KeepsWhatTheUserDoesAndCarriesItOutAfterwards) {
   const QPoint more = ToolkitSide::Of(main.PushButton3)->mapTo(ToolkitSide::Of(main), QPoint(8, 8));
   QTest::mouseClick(window_, Qt::LeftButton, {}, more);
   Program::Choose("FileUpdate");
+  Program::Choose("FileElementdata");
   QTest::qWait(50);
   EXPECT_EQ(main.textfield1.Text(), "100");
+  const QAction& isotopes = *ToolkitSide::Of(*Menu::Instance().Lookup("FileElementdata"));
+  EXPECT_FALSE(isotopes.isChecked());
   EXPECT_EQ(program_.Results(), before);
   EXPECT_FALSE(IsShown());
   End();
@@ -80,6 +83,7 @@ TEST_F(Check, KeepsWhatTheUserDoesAndCarriesItOutAfterwards) {
   EXPECT_EQ(listings, 3U) << "Return, the check box, and Ctrl+R";
   EXPECT_GT(results.find("PEAKWRIGHT"), results.rfind("MASS")) << "the click came last";
   EXPECT_FALSE(server_.hasPendingConnections()) << "one check";
+  EXPECT_TRUE(isotopes.isChecked() && Program::Shown(Window3::Instance()));
 }
 
 TEST_F(Check, ClosesItsWindowAfterwardsIfAskedMeanwhile) {

@@ -213,6 +213,8 @@ TEST(Appearance, CanBeSeenLightDarkAndInHighContrast) {
 
 TEST(Appearance, ShowsReportRowsUnwrapped) {
   Program program;
+  QApplication::processEvents();
+  ToolkitSide::Of(program.Main())->resize(ToolkitSide::Of(program.Main())->size() + QSize(0, 1));
   program.Main().PushButton2.Press();
   program.Main().Pushbutton1.Press();
   QApplication::processEvents();

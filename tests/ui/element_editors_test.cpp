@@ -22,11 +22,11 @@ void ChooseRow(int row) {
   QApplication::processEvents();
 }
 
-/// Opens the popup by a letter, which chooses nothing by itself, and closes it again.
-void TypeLetter(Qt::Key letter, const std::string& row) {
+/// Opens the popup by a key, which chooses nothing by itself, and closes it again.
+void OpenBy(Qt::Key key, const std::string& row) {
   auto& box = static_cast<QComboBox&>(*ToolkitSide::Of(Window1::Instance().PopupMenu1));
   const int before = box.currentIndex();
-  QTest::keyClick(&box, letter);
+  QTest::keyClick(&box, key);
   EXPECT_TRUE(box.view()->isVisible());
   EXPECT_EQ(box.view()->currentIndex().data().toString().toStdString(), row);
   EXPECT_EQ(box.currentIndex(), before);
@@ -47,12 +47,16 @@ void DoubleClickRow(int row) {
   QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, at);
 }
 
+int WidthOf(const QWidget& widget, const std::string& text) {
+  return widget.fontMetrics().size(0, QString::fromStdString(text)).width();
+}
+
 std::string Cell(int row, int column) {
   return Window3::Instance().ListBox1.CellTextAt(row, column);
 }
 
 // What can be seen of the windows: which are shown, 1 to 3, then + for the box "Additional
-// elements", * for the menu mark of the isotopes, the popup's row and the editor's.
+// elements", * for the menu mark of the isotopes, the popup's row, the editor's and the list's.
 std::string State(const Program& program) {
   std::string state;
   if (Program::Shown(Window1::Instance())) state += '1';
@@ -61,7 +65,8 @@ std::string State(const Program& program) {
   if (program.Main().CheckBox2.Value()) state += '+';
   if (Program::Marked("FileElementdata")) state += '*';
   return state + " " + std::to_string(Window1::Instance().PopupMenu1.SelectedRowIndex()) + " " +
-         Window2::Instance().textfield2.Text();
+         Window2::Instance().textfield2.Text() + " " +
+         std::to_string(Window3::Instance().ListBox1.SelectedRowIndex());
 }
 
 TEST(ElementEditors, GoThroughTheirStates) {
@@ -84,31 +89,40 @@ TEST(ElementEditors, GoThroughTheirStates) {
          Program::Click(main.CheckBox2);
          Program::Click(main.CheckBox2);
        },
-       " 0 "},
-      {"box turned on", [&] { Program::Click(main.CheckBox2); }, "1+ 0 "},
-      {"caption of Br", [&] { Program::Click(counts.Label3(2)); }, "13+* 0 "},
-      {"isotopes by the menu", [] { Program::Choose("FileElementdata"); }, "1+ 0 "},
-      {"isotopes by the button", [&] { Program::Click(counts.PushButton4); }, "13+* 0 "},
-      {"letter on the popup", [] { TypeLetter(Qt::Key_S, "Si"); }, "13+* 0 "},
-      {"popup row of C", [] { ChooseRow(1); }, "123+* 1 0"},
-      {"wheel on the closed popup", TurnWheelOnPopup, "123+* 1 0"},
-      {"letter of the row after next", [] { TypeLetter(Qt::Key_N, "N"); }, "123+* 1 0"},
-      {"double click on S", [] { DoubleClickRow(10); }, "123+* 11 10"},
-      {"close key on the editor", altF4(editor), "123+* 11 10"},
-      {"Cancel", [&] { Program::Click(editor.PushButton1); }, "13+* 0 10"},
-      {"close key on the isotopes", altF4(isotopes), "13+* 0 10"},
+       " 0  -1"},
+      {"box turned on", [&] { Program::Click(main.CheckBox2); }, "1+ 0  -1"},
+      {"caption of Br", [&] { Program::Click(counts.Label3(2)); }, "13+* 0  -1"},
+      {"isotopes by the menu", [] { Program::Choose("FileElementdata"); }, "1+ 0  -1"},
+      {"isotopes by the button", [&] { Program::Click(counts.PushButton4); }, "13+* 0  -1"},
+      {"popup row of C", [] { ChooseRow(1); }, "123+* 1 0 0"},
+      {"wheel on the closed popup", TurnWheelOnPopup, "123+* 1 0 0"},
+      {"Down on the popup", [] { OpenBy(Qt::Key_Down, "C"); }, "123+* 1 0 0"},
+      {"double click on S", [] { DoubleClickRow(10); }, "123+* 11 10 10"},
+      {"S on the popup: the next row, round the end", [] { OpenBy(Qt::Key_S, "Si"); },
+       "123+* 11 10 10"},
+      {"close key on the editor", altF4(editor), "123+* 11 10 10"},
+      {"Cancel", [&] { Program::Click(editor.PushButton1); }, "13+* 0 10 10"},
+      {"close key on the isotopes", altF4(isotopes), "13+* 0 10 10"},
       {"Return on the selected row", [&] { Program::Key(isotopes.ListBox1, Qt::Key_Return); },
-       "123+* 11 10"},
-      {"title row of the popup", [] { ChooseRow(0); }, "123+* 0 10"},
-      {"Return on no row", [&] { Program::Key(isotopes.ListBox1, Qt::Key_Return); }, "123+* 0 10"},
-      {"Close of the isotopes", [&] { Program::Click(isotopes.PushButton1); }, "12+ 0 10"},
-      {"isotopes from the editor", [&] { Program::Click(editor.PushButton3); }, "123+* 0 10"},
-      {"box turned off", [&] { Program::Choose("FileAdditionalelements"); }, "3* 0 10"},
-      {"double click on Xx", [] { DoubleClickRow(12); }, "23* 13 12"},
-      {"Change", [&] { Program::Click(editor.PushButton2); }, "13* 0 12"},
-      {"close key on the counts", altF4(counts), "13* 0 12"},
-      {"Close of the counts", [&] { Program::Click(counts.PushButton1); }, "3* 0 12"},
-      {"isotopes by the menu again", [] { Program::Choose("FileElementdata"); }, " 0 12"},
+       "123+* 11 10 10"},
+      {"popup row of Cl", [] { ChooseRow(6); }, "123+* 6 5 5"},
+      {"Space on two rows",
+       [&] {
+         Program::Key(isotopes.ListBox1, Qt::Key_Down, Qt::ShiftModifier);
+         Program::Key(isotopes.ListBox1, Qt::Key_Space);
+       },
+       "123+* 7 6 6"},
+      {"title row of the popup", [] { ChooseRow(0); }, "123+* 0 6 -1"},
+      {"Return on no row", [&] { Program::Key(isotopes.ListBox1, Qt::Key_Return); },
+       "123+* 0 6 -1"},
+      {"Close of the isotopes", [&] { Program::Click(isotopes.PushButton1); }, "12+ 0 6 -1"},
+      {"isotopes from the editor", [&] { Program::Click(editor.PushButton3); }, "123+* 0 6 -1"},
+      {"box turned off", [&] { Program::Choose("FileAdditionalelements"); }, "3* 0 6 -1"},
+      {"double click on Xx", [] { DoubleClickRow(12); }, "23* 13 12 12"},
+      {"Change", [&] { Program::Click(editor.PushButton2); }, "13* 0 12 12"},
+      {"close key on the counts", altF4(counts), "13* 0 12 12"},
+      {"Close of the counts", [&] { Program::Click(counts.PushButton1); }, "3* 0 12 12"},
+      {"isotopes by the menu again", [] { Program::Choose("FileElementdata"); }, " 0 12 12"},
   };
   counts.Hide();
   editor.Hide();
@@ -129,6 +143,12 @@ TEST(ElementEditors, MakeSodiumOfXAndListIt) {
   Program::Choose("FileElementdata");
   DoubleClickRow(11);
   Window2& editor = Window2::Instance();
+  std::string changed;
+  const QAbstractItemModel& list =
+      *static_cast<QAbstractItemView&>(*ToolkitSide::Of(Window3::Instance().ListBox1)).model();
+  QObject::connect(&list, &QAbstractItemModel::dataChanged, [&](auto& cell) {
+    changed += std::to_string(cell.row()) + '.' + std::to_string(cell.column()) + ' ';
+  });
   const char* const sodium[] = {"Na", "23", "22.98977", "1", "0", "0"};
   QApplication::processEvents();
   for (int column = 0; column < 6; ++column) {
@@ -138,6 +158,7 @@ TEST(ElementEditors, MakeSodiumOfXAndListIt) {
   EXPECT_EQ(Cell(11, 0), "X") << "the table changes at Change only";
   Program::Click(editor.PushButton2);
   for (int column = 0; column < 6; ++column) EXPECT_EQ(Cell(11, column), sodium[column]);
+  EXPECT_EQ(changed, "11.0 11.1 11.2 11.3 11.4 11.5 ") << "what the list shows anew";
   EXPECT_EQ(counts.Label3(7).Text(), "Na");
   EXPECT_EQ(counts.PopupMenu1.RowTextAt(12), "Na");
   EXPECT_EQ(counts.PopupMenu1.RowCount(), 14);
@@ -175,6 +196,8 @@ TEST(ElementEditors, TakeWhateverIsTyped) {
       ASSERT_EQ(counts.PopupMenu1.RowTextAt(row + 1), text);
       if (row >= 4) {
         ASSERT_EQ(counts.Label3(row - 4).Text(), text);
+        const QWidget& label = *ToolkitSide::Of(counts.Label3(row - 4));
+        EXPECT_GE(label.sizeHint().width(), WidthOf(label, text)) << "not as it is typed";
       }
       counts.textfield1(8).Text(text);
       Program::Click(counts.PushButton3);
@@ -183,6 +206,8 @@ TEST(ElementEditors, TakeWhateverIsTyped) {
     }
     EXPECT_EQ(counts.Label1.Text(), "Elements other than " + text + ", H, N, " + text);
   }
+  program.Main().textfield1.Text(std::string(40'000, '1'));
+  EXPECT_EQ(program.Main().textfield1.Text().size(), 40'000U);
 }
 
 TEST(ElementEditors, ChangeNothingWithoutARow) {

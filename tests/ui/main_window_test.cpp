@@ -7,6 +7,7 @@
 #include <QClipboard>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
 #include <QScreen>
 #include <QScrollBar>
 #include <QTimer>
@@ -83,6 +84,38 @@ TEST(MainWindow, TabFollowsTheOrderOutOfTheResultsToo) {
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     EXPECT_EQ(QApplication::focusWidget(), ToolkitSide::Of(*next));
   }
+  Program::Choose("FileElementdata");
+  Program::Key(Window3::Instance().ListBox1, Qt::Key_Tab);
+  EXPECT_EQ(QApplication::focusWidget(), ToolkitSide::Of(Window3::Instance().PushButton1));
+}
+
+TEST(MainWindow, MenusHaveALetterForEachItemAndTellTheKeysOfTheEditing) {
+  Program program;
+  for (const QAction* title : ToolkitSide::Of(Menu::Instance())->actions()) {
+    QString letters;
+    for (const QAction* item : title->menu()->actions()) {
+      if (item->isSeparator()) continue;
+      const QChar letter = item->text()[item->text().indexOf('&') + 1].toLower();
+      EXPECT_FALSE(letters.contains(letter)) << item->text().toStdString();
+      letters += letter;
+      EXPECT_FALSE(title->text() == "&Edit" && item->shortcut().isEmpty());
+    }
+  }
+}
+
+TEST(MainWindow, CopiesCutsAndPastesByTheMenu) {
+  Program program;
+  const DesktopTextArea& results = program.Main().textfield2;
+  Program::Type(results, "ab");
+  Program::Key(results, Qt::Key_A, Qt::ControlModifier);
+  Program::Choose("EditCopy");
+  EXPECT_EQ(program.Results(), "ab");
+  Program::Choose("EditCut");
+  EXPECT_EQ(program.Results(), "");
+  for (const char* pasted : {"ab", "abab"}) {
+    Program::Choose("EditPaste");
+    EXPECT_EQ(program.Results(), pasted);
+  }
 }
 
 TEST(MainWindow, BoxAndMenuItemAreOne) {
@@ -116,20 +149,26 @@ TEST(MainWindow, WritesAtTheInsertionPointAndScrollsBelowTheOldEnd) {
   Program::Type(main.textfield1, "58");
   Program::Choose("FileRun");
   EXPECT_EQ(program.Results(), "a" + kListing58);
+  main.CheckBox2.Value(true);
+  ToolkitSide::Of(main)->showMinimized();
+  Window1& panel = Window1::Instance();
   struct Case {
-    const char* menuItem;
+    std::function<void()> command;
     std::int64_t step;
   };
-  for (const Case& command :
-       {Case{"FileRun", 20}, Case{"FileMoreinfo", 10}, Case{"FileAbout", 10}}) {
-    Program::Type(main.textfield1, "200");
+  for (const Case& each : {Case{[&] { Program::Click(panel.PushButton3); }, 20},
+                           Case{[] { Program::Choose("FileRun"); }, 20},
+                           Case{[] { Program::Choose("FileMoreinfo"); }, 10},
+                           Case{[] { Program::Choose("FileAbout"); }, 10}}) {
+    main.textfield1.Text("200");
     const std::int64_t end = main.textfield2.LineNumber(main.textfield2.TextLength());
-    Program::Choose(command.menuItem);
+    each.command();
+    EXPECT_FALSE(ToolkitSide::Of(main)->isMinimized());
     const int last = static_cast<QAbstractScrollArea*>(ToolkitSide::Of(main.textfield2))
                          ->verticalScrollBar()
                          ->maximum();
     EXPECT_EQ(main.textfield2.VerticalScrollPosition(),
-              std::min<std::int64_t>(end + command.step, last));
+              std::min<std::int64_t>(end + each.step, last));
   }
 }
 
