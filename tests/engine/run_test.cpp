@@ -155,6 +155,9 @@ TEST_F(RunTest, AgreesWithTheLiteralRunOnEditedCells) {
     ExpectLiteralRun("58", {{1, column, "2"}, {2, column, "1"}});
     ExpectLiteralRun("27", {{0, column, "1e20"}, {1, column, "-1e20"}});
     ExpectLiteralRun("100", {{0, column, "1e20"}, {2, column, "-1e20"}});
+    Count(7, "1");
+    ExpectLiteralRun("27", {{0, column, "-1e20"}, {11, column, "1e20"}});
+    controls_.additionalElements = false;
   }
   for (const char* valence : {"-1e39", "1e39"}) {
     for (const int row : {0, 1, 2}) {
@@ -173,6 +176,8 @@ TEST_F(RunTest, AgreesWithTheLiteralRunOnEditedCells) {
   ExpectLiteralRun("2", {{11, 3, "3"}, {1, 3, ".49999997"}});
   Count(7, "3");
   ExpectLiteralRun("16", {{11, 3, "2.8333333"}});
+  Count(7, "10");
+  ExpectLiteralRun("100", {{11, 1, ".1"}});  // which takes more than 1
 }
 
 TEST_F(RunTest, AgreesWithTheLiteralRunOnAllMassesTo300) {

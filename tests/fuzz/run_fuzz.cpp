@@ -53,8 +53,17 @@ PlainControls MakeControls(Choices choices) {
   controls.additionalElements = choices.Below(2) == 1;
   for (std::string& count : controls.counts) {
     const int kind = choices.Below(16);
-    if (kind < 3) count = std::to_string(choices.Below(7) - 3);
-    if (kind == 3) count = choices.Number();
+    if (kind < 5) count = std::to_string(choices.Below(7) - 3);
+    if (kind == 5) count = choices.Number();
+  }
+  if (choices.Below(4) == 0) {
+    for (int row = 0; row < kElementCount; ++row) {
+      const int first = choices.Below(4) == 0 ? 3 : 4;  // valences seldom; they decide on the rows
+      for (int column = first; column < kElementColumns; ++column) {
+        controls.table.CellTextAt(row, column, choices.LongNumber());
+      }
+      controls.table.CellTextAt(row, 2, choices.LongNumber());
+    }
   }
   for (int edits = choices.Below(8); edits > 0; --edits) {
     const int row =
@@ -92,7 +101,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 int main(int argc, char** argv) {
   const long cases = argc > 1 ? std::atol(argv[1]) : 1000;
   std::mt19937 random(argc > 2 ? static_cast<unsigned>(std::atol(argv[2])) : 1);
-  std::vector<std::uint8_t> data(160);
+  std::vector<std::uint8_t> data(1024);
   for (long i = 0; i < cases; ++i) {
     for (std::uint8_t& byte : data) byte = static_cast<std::uint8_t>(random());
     peakwright::Check(data.data(), data.size());
