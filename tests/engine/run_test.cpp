@@ -177,7 +177,11 @@ TEST_F(RunTest, AgreesWithTheLiteralRunOnEditedCells) {
   Count(7, "3");
   ExpectLiteralRun("16", {{11, 3, "2.8333333"}});
   Count(7, "10");
-  ExpectLiteralRun("100", {{11, 1, ".1"}});  // which takes more than 1
+  ExpectLiteralRun("100", {{11, 1, ".1"}});                    // which takes more than 1
+  ExpectLiteralRun("16", {{3, 4, "12345.678"}, {1, 4, "0"}});  // of one atom that has M+1
+  Count(7, "-1");
+  const char* const twoTo54 = "18014398509481984";
+  ExpectLiteralRun("13", {{0, 3, twoTo54}, {1, 3, "4"}, {11, 3, twoTo54}});
 }
 
 TEST_F(RunTest, AgreesWithTheLiteralRunOnAllMassesTo300) {
