@@ -168,20 +168,29 @@ TEST_F(RunTest, AgreesWithTheLiteralRunOnEditedCells) {
     }
   }
   controls_.nitrogenRule = false;
-  ExpectLiteralRun("100", {{0, 3, "1"}, {1, 3, "2"}});  // RDB falls with C
-  Count(7, "60");                                       // of X, which takes 30 from RDB
-  ExpectLiteralRun("100", {{11, 3, "1"}, {1, 3, "3"}});
-  Count(7, "1");
-  ExpectLiteralRun("50", {{11, 3, "-1"}});
-  ExpectLiteralRun("2", {{11, 3, "3"}, {1, 3, ".49999997"}});
-  Count(7, "3");
-  ExpectLiteralRun("16", {{11, 3, "2.8333333"}});
-  Count(7, "10");
-  ExpectLiteralRun("100", {{11, 1, ".1"}});                    // which takes more than 1
-  ExpectLiteralRun("16", {{3, 4, "12345.678"}, {1, 4, "0"}});  // of one atom that has M+1
-  Count(7, "-1");
   const char* const twoTo54 = "18014398509481984";
-  ExpectLiteralRun("13", {{0, 3, twoTo54}, {1, 3, "4"}, {11, 3, twoTo54}});
+  const struct {
+    const char *atomsOfX, *mass;
+    std::vector<Edit> edits;
+  } kCases[] = {
+      // Where RDB falls with C, and where H adds to it, any number of N may be valid.
+      {"0", "100", {{0, 3, "1"}, {1, 3, "2"}}},
+      {"60", "100", {{11, 3, "1"}, {1, 3, "3"}}},
+      // Additional atoms without a bond change no RDB.
+      {"1", "50", {{11, 3, "-1"}}},
+      // RDB is rounded once, and what additional atoms add to it comes last.
+      {"1", "2", {{11, 3, "3"}, {1, 3, ".49999997"}}},
+      {"3", "16", {{11, 3, "2.8333333"}}},
+      {"-1", "13", {{0, 3, twoTo54}, {1, 3, "4"}, {11, 3, twoTo54}}},
+      // The sum of the squares is a Single, as the square of the sum is.
+      {"0", "16", {{3, 4, "12345.678"}, {1, 4, "0"}}},
+      // Masses are products of Doubles: ten of this one take more than 1.
+      {"10", "100", {{11, 1, ".1"}}},
+  };
+  for (const auto& each : kCases) {
+    Count(7, each.atomsOfX);
+    ExpectLiteralRun(each.mass, each.edits);
+  }
 }
 
 TEST_F(RunTest, AgreesWithTheLiteralRunOnAllMassesTo300) {
