@@ -58,11 +58,10 @@ PlainControls MakeControls(Choices choices) {
   }
   if (choices.Below(4) == 0) {
     for (int row = 0; row < kElementCount; ++row) {
-      const int first = choices.Below(4) == 0 ? 3 : 4;  // valences seldom; they decide on the rows
-      for (int column = first; column < kElementColumns; ++column) {
+      for (const int column : {2, 3, 4, 5}) {
+        if (column == 3 && choices.Below(4) > 0) continue;  // valences decide on the rows
         controls.table.CellTextAt(row, column, choices.LongNumber());
       }
-      controls.table.CellTextAt(row, 2, choices.LongNumber());
     }
   }
   for (int edits = choices.Below(8); edits > 0; --edits) {

