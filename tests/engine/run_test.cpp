@@ -72,19 +72,6 @@ TEST_F(RunTest, ListsMass58) {
   EXPECT_EQ(controls_.mass, "58");
 }
 
-TEST_F(RunTest, ListsMass100WithChlorineByTheNitrogenRule) {
-  Count(1, "1.9");
-  controls_.nitrogenRule = true;
-  EXPECT_EQ(Run("100"),
-            "1 Cl\rNitrogen rule applied:\r"
-            "    MASS    65  C  H  N  O    M+1    M+2  RDB\r"
-            "   ----------- -- -- -- --   ----   ----  ---\r"
-            "   1)  99.9563     1     4    .16  32.40   .0\n"
-            "   2)  99.9828  3  1  2      4.11  32.46  4.0\n"
-            "   3)  99.9716  4  1     1   4.53  32.48  4.0\n"
-            "   4) 100.0080  5  5         5.68  32.53  3.0\n\r\r");
-}
-
 TEST_F(RunTest, TellsWhenNothingIsListed) {
   const std::string insufficient = "Insufficient mass remaining for C, H, N, or O.\r\r";
   for (const char* mass : {"", "abc", "-5.5", "-1e99", "0.9"}) EXPECT_EQ(Run(mass), insufficient);

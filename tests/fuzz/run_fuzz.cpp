@@ -45,10 +45,9 @@ class Choices {
 
 PlainControls MakeControls(Choices choices) {
   PlainControls controls;
-  const int size = choices.Below(32);
-  controls.mass = size < 4    ? choices.Number()
-                  : size == 4 ? std::to_string(160 + choices.Below(200))
-                              : std::to_string(choices.Below(160));
+  const int least = choices.Below(32) == 0 ? 200 : 0;
+  controls.mass =
+      choices.Below(8) == 0 ? choices.Number() : std::to_string(least + choices.Below(160));
   controls.nitrogenRule = choices.Below(2) == 1;
   controls.additionalElements = choices.Below(2) == 1;
   for (std::string& count : controls.counts) {

