@@ -129,7 +129,7 @@ class Assistive(unittest.TestCase):
     def test_marks_and_boxes_tell_their_state(self):
         program = self.program
         items = {name: find(program.main, "menu item", name) for name in
-                 ("Apply nitrogen rule", "Additional elements", "Show isotope data")}
+                 ("Apply nitrogen rule", "Additional elements")}
 
         def marked():
             return {name for name, item in items.items() if has(item, STATE_CHECKED)}
@@ -139,15 +139,6 @@ class Assistive(unittest.TestCase):
             program.choose("check box", "Apply nitrogen rule")
             wait_for(on, lambda: has(nitrogen, STATE_CHECKED))
             self.assertEqual(marked(), {"Apply nitrogen rule"} if on else set())
-        # Not Alt: the bus hands keys on late, and one that was let go before isn't taken for Alt alone.
-        program.press("F10", *["Down"] * 6)
-        wait_until(lambda: has(items["Show isotope data"], STATE_VISIBLE), "the menu is open")
-        program.press("Return")
-        program.window("Isotopes")
-        self.assertEqual(marked(), {"Show isotope data"})
-        program.choose("button", "Close")
-        program.window("Peakwright")
-        self.assertEqual(marked(), set())
         self.open_counts()
         self.assertEqual(marked(), {"Additional elements"})
         self.assertTrue(has(find(program.main, "check box", "Additional elements"), STATE_CHECKED))
