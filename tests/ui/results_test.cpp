@@ -203,12 +203,15 @@ TEST(Results, HoldsALineOfAMegabyteAndRefusesALongerOneWithoutALoss) {
   EXPECT_EQ(program.LastException(), sentence);
   QMimeData dragged;
   dragged.setText(longest + u'7');
+  QDragEnterEvent enter({}, Qt::CopyAction, &dragged, Qt::LeftButton, {});
+  QApplication::sendEvent(&program.Seen, &enter);
   QDropEvent drop({}, Qt::CopyAction, &dragged, Qt::LeftButton, {});
   QApplication::sendEvent(&program.Seen, &drop);
   EXPECT_EQ(program.Results(), kListing58);
   paste(longest + QStringLiteral("\nab\nc"));
   const std::string full = longest.toStdString() + "\nab\nc";
   ASSERT_EQ(text(), full);
+  EXPECT_GT(program.LastLine(), 30'000) << "and all of it is laid out";
   program.Press(Qt::Key_A, Qt::ControlModifier);
   program.Press(Qt::Key_C, Qt::ControlModifier);
   EXPECT_EQ(QApplication::clipboard()->text().toStdString(), full);
