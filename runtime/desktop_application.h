@@ -92,7 +92,6 @@ class DesktopApplication {
   void PrepareToTell();
   void Tell(const std::exception_ptr& caught);
 
-  int exitCode_ = 0;
   std::unique_ptr<QApplication> toolkit_;  // Empty where the process has one already.
   std::unique_ptr<HeldInput> input_;
   std::unique_ptr<QMessageBox> exceptions_;  // The box that shows them.

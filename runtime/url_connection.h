@@ -9,6 +9,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 #include "runtime/folder_item.h"
 
@@ -22,6 +23,9 @@ class NetworkException : public std::runtime_error {
 
   NetworkException(Cause cause, const std::string& what)
       : std::runtime_error(what), cause_(cause) {}
+  /// The reply couldn't be stored, for this reason.
+  explicit NetworkException(std::errc why)
+      : NetworkException(Cause::Storage, std::make_error_code(why).message()) {}
   Cause Why() const { return cause_; }
 
  private:
@@ -52,12 +56,19 @@ class URLConnection {
   void SendSync(std::string_view method, const std::string& url, std::chrono::milliseconds timeout,
                 std::size_t limit, Answer then);
 
+  /// How far a transfer into a file may go.
+  struct Bounds {
+    std::chrono::milliseconds Time;  ///< In all.
+    std::int64_t Bytes;              ///< Of the body.
+  };
+
   /// Starts the request and returns at once. The body goes into a file beside `file`, which takes
   /// the place of `file` when it is whole, and goes away if it never is. It is marked with where it
-  /// comes from and is never executable. The transfer fails after `timeout` without any byte. Does
-  /// nothing while a transfer is under way.
+  /// comes from, its user can read and write it, and nobody can execute it. The transfer fails
+  /// after `timeout` without any byte, past its bounds, and where the announced body has no room on
+  /// the disk. Does nothing while a transfer is under way.
   void Send(std::string_view method, std::string_view url, const FolderItem& file,
-            std::chrono::milliseconds timeout);
+            std::chrono::milliseconds timeout, const Bounds& bounds);
 
   /// Ends what is under way, quietly: no event is raised any more, and nothing is stored. An event
   /// may call it.
@@ -77,10 +88,10 @@ class URLConnection {
 
  private:
   class Question;
-  class Transfer;
+  class Download;
 
   std::unique_ptr<Question> question_;  // The last ones started, under way or over.
-  std::unique_ptr<Transfer> transfer_;
+  std::unique_ptr<Download> download_;
   bool allowCertificateValidation_ = true;
 };
 

@@ -1,7 +1,8 @@
 # shellcheck shell=bash disable=SC2034
 # Sourced by ./run, ./test and .ci/run: installs what a build lacks, then builds.
 
-build_packages=(g++ cmake ninja-build qt6-base-dev libxcb1-dev fonts-dejavu-core)
+build_packages=(g++ cmake ninja-build qt6-base-dev libcurl4-gnutls-dev libxcb1-dev
+                fonts-dejavu-core)
 test_packages=(libgtest-dev libbenchmark-dev xvfb openssl poppler-utils at-spi2-core dbus-daemon
                openbox python3-pyatspi x11-utils xdotool sway wtype wl-clipboard qt6-wayland
                cups-daemon cups-filters-core-drivers)

@@ -15,7 +15,9 @@ using namespace update_window_layout;
 
 constexpr auto kCheckTimeout = 30s;     // In all.
 constexpr auto kDownloadTimeout = 60s;  // Without any byte.
-constexpr int kStepRight = 10;          // From the anchor's left edge, pixels.
+// The largest archive takes 9.5 hours at a megabit a second.
+constexpr URLConnection::Bounds kDownloadBounds{.Time = 12h, .Bytes = std::int64_t{4} << 30};
+constexpr int kStepRight = 10;  // From the anchor's left edge, pixels.
 
 }  // namespace
 
@@ -92,7 +94,7 @@ void WindowDownload::PushButton2_Pressed() {
   ShowDownload(true);
   const std::string archive = Module1::appname + ".zip";
   FileDownloader.Send("GET", Module1::websource + archive, SpecialFolder::Desktop().Child(archive),
-                      kDownloadTimeout);
+                      kDownloadTimeout, kDownloadBounds);
 }
 
 void WindowDownload::FileDownloader_ReceivingProgressed(std::int64_t received, std::int64_t total) {

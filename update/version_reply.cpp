@@ -19,8 +19,7 @@ std::string NoConnectionText(std::string_view cr) {
 }
 
 std::string NotSavedText(std::string_view reason, std::string_view cr) {
-  return Join(
-      {"The archive could not be saved to the desktop.", cr, "The system says: ", reason, "."});
+  return Join({"The archive could not be saved to the desktop.", cr, "Reason: ", reason, "."});
 }
 
 VersionResult EvaluateVersionReply(bool isConnected, std::string_view reply,

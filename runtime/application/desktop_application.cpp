@@ -5,12 +5,6 @@
 #include <csignal>
 #include <new>
 
-#if __has_include(<unistd.h>)
-#include <unistd.h>
-#else
-#include <process.h>
-#endif
-
 #include <QBackingStore>
 #include <QIcon>
 #include <QMessageBox>
@@ -26,7 +20,6 @@
 #include "runtime/speech/accessible_text_field.h"
 #include "runtime/speech/toolkit_messages.h"
 #include "runtime/text/toolkit_strings.h"
-#include "runtime/transfers/https_request.h"
 
 namespace peakwright {
 namespace {
@@ -99,10 +92,6 @@ DesktopApplication::DesktopApplication(int& argc, char** argv,
   current = this;
   if (QCoreApplication::instance() == nullptr) {
     toolkit_ = std::make_unique<GuardedApplication>(argc, argv);
-    // As its last act the toolkit would wait for the look-up, for many seconds.
-    QObject::connect(toolkit_.get(), &QObject::destroyed, [this] {
-      if (HttpsRequest::HasLeftLookup()) _exit(exitCode_);
-    });
   }
   QGuiApplication::setQuitOnLastWindowClosed(false);
   // Not as the display name, which the toolkit would add to the title of every window.
@@ -144,8 +133,7 @@ void DesktopApplication::Start() {
 
 int DesktopApplication::Run() {
   Start();
-  exitCode_ = QCoreApplication::exec();
-  return exitCode_;
+  return QCoreApplication::exec();
 }
 
 void DesktopApplication::Quit(int code) { QCoreApplication::exit(code); }

@@ -2,6 +2,7 @@
 
 #include <QDesktopServices>
 #include <QDir>
+#include <QFile>
 #include <QStandardPaths>
 #include <QUrl>
 
@@ -18,8 +19,13 @@ void FolderItem::Open(bool /*activate*/) const {
 }
 
 FolderItem SpecialFolder::Desktop() {
-  const QString path = QStandardPaths::writableLocation(QStandardPaths::DesktopLocation);
-  QDir().mkpath(path);
+  // Without a home the toolkit's path has two slashes in front, which in an address name a host.
+  const QString path =
+      QDir::cleanPath(QStandardPaths::writableLocation(QStandardPaths::DesktopLocation));
+  if (!QFile::exists(path) && QDir().mkpath(path)) {
+    QFile::setPermissions(path, QFile::permissions(path) | QFileDevice::ReadOwner |
+                                    QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+  }
   return FolderItem(path.toStdString());
 }
 

@@ -1,23 +1,21 @@
 #include "runtime/url_connection.h"
 
+#include <limits>
 #include <utility>
 
-#include <QSaveFile>
 #include <QTimer>
 
 #include "runtime/application/held_input.h"
 #include "runtime/desktop_application.h"
-#include "runtime/text/toolkit_strings.h"
-#include "runtime/transfers/https_request.h"
+#include "runtime/transfers/curl_transfer.h"
 #include "runtime/transfers/origin_mark.h"
+#include "runtime/transfers/part_file.h"
 
 namespace peakwright {
 namespace {
 
 constexpr int kTicks = 10;  // Parts of a time-out that are counted one by one.
-
-constexpr auto kExecutable =
-    QFileDevice::ExeOwner | QFileDevice::ExeUser | QFileDevice::ExeGroup | QFileDevice::ExeOther;
+constexpr std::int64_t kAnyLength = std::numeric_limits<std::int64_t>::max();
 
 }  // namespace
 
@@ -26,14 +24,14 @@ class URLConnection::Question : public QObject {
  public:
   Question(URLConnection& owner, std::string_view method, const std::string& url,
            std::chrono::milliseconds timeout, std::size_t limit, Answer then)
-      : request_(method, url, owner.allowCertificateValidation_),
+      : request_(method, url, owner.allowCertificateValidation_, kAnyLength),
         limit_(limit),
         then_(std::move(then)) {
     request_.Received = [this](const std::string& data) {
       body_ += data;
       if (body_.size() >= limit_) End(true);
     };
-    request_.Ended = [this](const QString& failure) { End(failure.isEmpty()); };
+    request_.Ended = [this](const auto& failure) { End(!failure.has_value()); };
     QTimer::singleShot(timeout, this, [this] { End(false); });
   }
 
@@ -52,34 +50,35 @@ class URLConnection::Question : public QObject {
   }
 
   std::optional<Waiting> waiting_{std::in_place};
-  HttpsRequest request_;
+  CurlTransfer request_;
   std::string body_;
   std::size_t limit_;
   Answer then_;
 };
 
-class URLConnection::Transfer : public QObject {
+class URLConnection::Download : public QObject {
  public:
-  Transfer(URLConnection& owner, std::string_view method, std::string_view url,
-           const FolderItem& target, std::chrono::milliseconds timeout)
+  Download(URLConnection& owner, std::string_view method, std::string_view url,
+           const FolderItem& target, std::chrono::milliseconds timeout, const Bounds& bounds)
       : owner_(owner),
         url_(url),
         target_(target),
-        file_(std::in_place, ToQString(target.NativePath())) {
-    // With a buffer in between the toolkit loses the reason for a failure.
-    if (!file_->open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
+        ticksLeft_(bounds.Time / (timeout / kTicks)),
+        longest_(bounds.Bytes),
+        file_(std::in_place, target) {
+    if (!file_->Open()) {
       QTimer::singleShot(0, this, [this] {
         if (!IsOver()) FailToStore();
       });
       return;
     }
-    request_.emplace(method, url_, owner.allowCertificateValidation_);
-    request_->Answered = [this] { silentTicks_ = 0; };
+    request_.emplace(method, url_, owner.allowCertificateValidation_, longest_);
     request_->Received = [this](const std::string& data) { Receive(data); };
-    request_->Ended = [this](const QString& failure) { End(failure); };
+    request_->Ended = [this](const auto& failure) { End(failure); };
     // One long timer would run out behind a long calculation, with bytes waiting to be read.
     connect(&tick_, &QTimer::timeout, this, [this] {
-      if (++silentTicks_ >= kTicks) End(QStringLiteral("No answer in time"));
+      if (++silentTicks_ < kTicks && --ticksLeft_ > 0) return;
+      Fail({NetworkException::Cause::Connection, "No answer in time"});
     });
     tick_.start(timeout / kTicks);
   }
@@ -95,34 +94,32 @@ class URLConnection::Transfer : public QObject {
  private:
   void Receive(const std::string& data) {
     silentTicks_ = 0;
-    if (!Store(data)) {
-      FailToStore();
+    if (data.empty()) return;
+    const std::int64_t total = request_->AnnouncedLength();
+    if (received_ == 0 && !file_->HasRoomFor(total)) {
+      Fail(NetworkException(std::errc::no_space_on_device));
       return;
     }
     received_ += static_cast<std::int64_t>(data.size());
+    if (received_ > longest_) {
+      Fail(NetworkException(std::errc::file_too_large));
+      return;
+    }
+    if (!file_->Write(data)) {
+      FailToStore();
+      return;
+    }
     DesktopApplication::Current().Raise([&] {
-      if (!owner_.ReceivingProgressed) return;
-      owner_.ReceivingProgressed(owner_, received_, request_->AnnouncedLength(), data);
+      if (owner_.ReceivingProgressed) owner_.ReceivingProgressed(owner_, received_, total, data);
     });
   }
 
-  bool Store(std::string_view data) {
-    while (!data.empty()) {  // A disk that is nearly full takes some and gives its reason next.
-      const qint64 stored = file_->write(data.data(), static_cast<qint64>(data.size()));
-      if (stored <= 0) return false;
-      data.remove_prefix(static_cast<std::size_t>(stored));
-    }
-    return true;
-  }
-
-  void End(const QString& failure) {
-    if (!failure.isEmpty()) {
-      Fail({NetworkException::Cause::Connection, failure.toStdString()});
+  void End(const std::optional<NetworkException>& failure) {
+    if (failure.has_value()) {
+      Fail(*failure);
       return;
     }
-    // The file takes over the older one's permissions.
-    file_->setPermissions(file_->permissions() & ~kExecutable);
-    if (!file_->commit()) {
+    if (!file_->Commit()) {
       FailToStore();
       return;
     }
@@ -133,9 +130,7 @@ class URLConnection::Transfer : public QObject {
     });
   }
 
-  void FailToStore() {
-    Fail({NetworkException::Cause::Storage, file_->errorString().toStdString()});
-  }
+  void FailToStore() { Fail({NetworkException::Cause::Storage, file_->Problem()}); }
 
   void Fail(const NetworkException& error) {
     Stop();
@@ -147,11 +142,13 @@ class URLConnection::Transfer : public QObject {
   URLConnection& owner_;
   std::string url_;
   FolderItem target_;
-  std::optional<QSaveFile> file_;  // Until the transfer is over.
+  std::int64_t ticksLeft_;
+  std::int64_t longest_;
+  std::optional<PartFile> file_;  // Until the transfer is over.
   std::int64_t received_ = 0;
   int silentTicks_ = 0;
   QTimer tick_;
-  std::optional<HttpsRequest> request_;
+  std::optional<CurlTransfer> request_;
 };
 
 URLConnection::URLConnection() = default;
@@ -166,16 +163,16 @@ void URLConnection::SendSync(std::string_view method, const std::string& url,
 }
 
 void URLConnection::Send(std::string_view method, std::string_view url, const FolderItem& file,
-                         std::chrono::milliseconds timeout) {
-  if (transfer_ && !transfer_->IsOver()) return;
+                         std::chrono::milliseconds timeout, const Bounds& bounds) {
+  if (download_ && !download_->IsOver()) return;
   // The one that is over may be the caller.
-  if (transfer_) transfer_.release()->deleteLater();
-  transfer_ = std::make_unique<Transfer>(*this, method, url, file, timeout);
+  if (download_) download_.release()->deleteLater();
+  download_ = std::make_unique<Download>(*this, method, url, file, timeout, bounds);
 }
 
 void URLConnection::Disconnect() {
   if (question_) question_->Stop();
-  if (transfer_) transfer_->Stop();
+  if (download_) download_->Stop();
 }
 
 }  // namespace peakwright

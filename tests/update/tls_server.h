@@ -8,7 +8,7 @@
 
 namespace peakwright {
 
-/// Trickle: the last 20 bytes go one by one, 70 ms apart. Cut: closes without a word.
+/// Trickle: the last 20 bytes go one by one, 150 ms apart. Cut: closes without a word.
 enum Then { Close, Stay, Trickle, Cut };
 
 /// A reply with this body, which announces `length` bytes.
@@ -57,7 +57,7 @@ class TlsServer : public QSslServer {
     if (then == Cut && client.flush())
       shutdown(static_cast<int>(client.socketDescriptor()), SHUT_RDWR);
     for (int n = 1; then == Trickle && n <= 20; ++n) {
-      QTimer::singleShot(70 * n, &client,
+      QTimer::singleShot(150 * n, &client,
                          [&client, byte = bytes.last(21 - n).first(1)] { client.write(byte); });
     }
   }
