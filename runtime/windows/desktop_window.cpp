@@ -173,6 +173,12 @@ class DesktopWindow::NativeWindow : public QMainWindow {
     }
   }
 
+  void changeEvent(QEvent* event) override {
+    QMainWindow::changeEvent(event);
+    // Another style may have a menu bar of another height. That is no resize.
+    if (event->type() == QEvent::StyleChange && !isMaximized()) FitContent();
+  }
+
   void keyPressEvent(QKeyEvent* event) override {
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     QAbstractButton* button = isReturn                         ? OnReturn()

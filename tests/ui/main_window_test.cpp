@@ -306,17 +306,13 @@ TEST(MainWindow, ResizesTheResultsOnARealChangeOnly) {
   }
 }
 
-/// On the usual screen of the tests and, as a test of its own, on one that is too low.
 TEST(MainWindow, EndsOnItsDisplayAndTheResultsGiveWay) {
   Program program;
   TextWindow& main = program.Main();
-  QApplication::processEvents();
-  const QWidget& window = *ToolkitSide::Of(main);
-  const int display = window.screen()->availableGeometry().bottom() + 1;
-  EXPECT_LE(window.frameGeometry().bottom() + 1, display);
+  const int display = QApplication::primaryScreen()->availableGeometry().bottom() + 1;
+  EXPECT_LE(ToolkitSide::Of(main)->frameGeometry().bottom() + 1, display);
   EXPECT_EQ(main.Height() < 650, display < 700) << main.Height() << " on " << display;
   EXPECT_EQ(ToolkitSide::Of(main.textfield2)->geometry(), QRect(8, 48, 492, main.Height() - 50));
-  EXPECT_EQ(ToolkitSide::Of(main.PushButton3)->geometry(), QRect(399, 14, 81, 20));
 }
 
 TEST(MainWindow, GoesOnAfterAnExceptionAndEndsWithZero) {
