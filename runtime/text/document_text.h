@@ -35,8 +35,8 @@ class DocumentWriter {
 
  private:
   void WriteLines(std::string_view text);
-  /// Gathers lines that are all as long as the first, such as rows, without a look for each of
-  /// their ends, and returns their length; or does nothing.
+  /// Gathers lines that are all as long as the first, such as rows, and returns their length; or
+  /// does nothing. Their ends follow from that length, and needn't be searched for.
   std::size_t GatherEvenLines(std::string_view text, std::size_t length);
   /// Returns how many line feeds the text has, up to 65,535.
   std::size_t Gather(std::string_view text);
