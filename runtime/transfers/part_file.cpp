@@ -26,7 +26,7 @@ std::filesystem::path ToPath(const QString& name) { return {name.toStdU16String(
 /// Keeps other programs from taking the file for a leftover, as long as it is open. Where there are
 /// no such locks, an open file can't be removed.
 bool Lock(const QFileDevice& file) {
-#if __has_include(<sys/file.h>)
+#ifdef LOCK_EX
   return flock(file.handle(), LOCK_EX | LOCK_NB) == 0;
 #else
   return file.isOpen();
