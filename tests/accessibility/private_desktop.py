@@ -65,14 +65,15 @@ def _start(command, stdout=subprocess.DEVNULL, **options):
 
 
 def _start_x11():
-    """An X server with a window manager."""
-    read, write = os.pipe()
-    _start(["Xvfb", "-displayfd", str(write), "-screen", "0", "1280x1024x24", "-nolisten", "tcp"],
-           pass_fds=[write])
-    os.environ["DISPLAY"] = ":" + os.read(read, 16).decode().strip()
-    _start(["openbox", "--sm-disable"])
-    wait_until(lambda: subprocess.run(["xdotool", "get_num_desktops"], capture_output=True)
-               .returncode == 0, "the window manager is there")
+    """An X server with a window manager: the first of which no other has taken the socket away."""
+    manager = None
+    while manager is None or manager.poll() is not None:
+        read, write = os.pipe()
+        _start(f"Xvfb -displayfd {write} -screen 0 1280x1024x24".split(), pass_fds=[write])
+        os.environ["DISPLAY"] = ":" + os.read(read, 16).decode().strip()
+        manager = _start(["openbox", "--sm-disable"])
+        wait_until(lambda: manager.poll() is not None or not subprocess.run(
+            ["xdotool", "get_num_desktops"], capture_output=True).returncode, "it is managed")
 
 
 def _start_wayland():
