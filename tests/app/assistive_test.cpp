@@ -5,6 +5,7 @@
 #include <QDoubleSpinBox>
 #include <gtest/gtest.h>
 
+#include "tests/support/patience.h"
 #include "tests/support/program.h"
 #include "update/update_window.h"
 
@@ -99,7 +100,7 @@ QAccessibleInterface& ToolOf(const DesktopUIControl& control) {
 void Press(const DesktopUIControl& control) {
   const auto* button = qobject_cast<QAbstractButton*>(ToolkitSide::Of(control));
   ToolOf(control).actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-  EXPECT_TRUE(QTest::qWaitFor([&] { return button == nullptr || !button->isDown(); }));
+  EXPECT_TRUE(WaitFor([&] { return button == nullptr || !button->isDown(); }));
 }
 
 TEST(Assistive, WhatIsNotShownTakesNothing) {

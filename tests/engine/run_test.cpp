@@ -187,15 +187,17 @@ TEST_F(RunTest, AgreesWithTheLiteralRunOnAllMassesTo300) {
   }
 }
 
-// More than four digits of the row number, of H and of N, more than 31 bits of the heading's mass
-// and of H; fractions that no sum of powers of two is; and values that grow out of their cells, or
-// fall below 0, in some of the rows.
+// More than four digits of the row number, of H, of N and of C, more than 31 bits of the heading's
+// mass and of H; fractions that no sum of powers of two is; and values that grow out of their
+// cells, or fall below 0, in some of the rows.
 TEST_F(RunTest, AgreesWithTheLiteralRunOnLongNumbers) {
   const std::vector<Edit> largeMasses = {{0, 1, "5e9"}, {3, 1, "4e9"}, {2, 1, "3e9"}, {1, 3, "2"}};
   const std::vector<Edit> manyN = {{0, 1, "4000"}, {3, 1, "5000"}, {2, 1, ".5"}, {1, 3, "2"}};
   ExpectLiteralRun("900", {});
   ExpectLiteralRun("20050", {{0, 1, "1000"}, {3, 1, "15000"}, {2, 1, "6000"}, {1, 3, "2"}});
   ExpectLiteralRun("6000", manyN);
+  ExpectLiteralRun("6000",
+                   {{0, 1, ".25"}, {3, 1, "5000"}, {2, 1, "4000"}, {0, 3, "2"}, {1, 3, "2"}});
   std::vector<Edit> heavyN = manyN;  // Of the first batches the exact mass is infinite.
   heavyN.push_back({2, 2, "1e35"});
   ExpectLiteralRun("6000", heavyN);

@@ -35,7 +35,7 @@ class Choices {
   std::string LongNumber() {
     std::string digits = Below(4) == 0 ? "-" : "";
     for (int i = 0; i < 10; ++i) digits += static_cast<char>('0' + Below(10));
-    return digits.insert(1 + Below(9), ".");
+    return digits.insert(static_cast<std::size_t>(1 + Below(9)), ".");
   }
 
  private:

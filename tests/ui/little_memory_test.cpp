@@ -85,7 +85,7 @@ void LimitMemory(rlim_t megabytes = 0) {
 TEST(LittleMemory, LeavesTheResultsWholeAndTellsWhatItDidNotSufficeFor) {
   testing::FLAGS_gtest_death_test_style = "threadsafe";
   for (const Command& command : kCommands) {
-    for (const rlim_t megabytes : {2, 16, 66, 128}) {
+    for (const rlim_t megabytes : {2U, 16U, 66U, 128U}) {
       EXPECT_EXIT(Give(command, megabytes), testing::ExitedWithCode(0), "")
           << command.needs << " in " << megabytes;
     }
