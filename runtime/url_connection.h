@@ -50,9 +50,10 @@ class URLConnection {
   /// Gets the body, or nothing if there was no whole reply in time.
   using Answer = std::function<void(const std::optional<std::string>& body)>;
 
-  /// Begins the request and has the program wait for it: until the reply is there or `timeout` in
-  /// all is over, windows are repainted, and what the user does is kept for afterwards; only
-  /// quitting isn't. Then calls `then` with the body, of a longer one with the first `limit` bytes.
+  /// Begins the request and, whatever its name says, returns at once; it is the program that waits:
+  /// until the reply is there or `timeout` in all is over, windows are repainted, and what the user
+  /// does is kept for afterwards; only quitting isn't. Then calls `then` with the body, of a longer
+  /// one with the first `limit` bytes.
   void SendSync(std::string_view method, const std::string& url, std::chrono::milliseconds timeout,
                 std::size_t limit, Answer then);
 
