@@ -1,5 +1,6 @@
 #include "tests/support/literal_run.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <limits>
@@ -20,20 +21,6 @@ Int64 ToInt64(double x) {
 
 float Round(double x) { return static_cast<float>(x); }
 
-/// A cell of `width` characters: the number and `tail`, padded or cut on the left.
-std::string Cell(float single, std::size_t width, int decimals, const std::string& tail = "") {
-  double value = std::fabs(double{single});
-  const double places = std::pow(10, decimals);
-  // The library takes an exact half to the even neighbour; a nudge takes it up.
-  if (std::fmod(value * places * 2, 2) == 1) value += 0.25 / places;
-  char number[64 + std::numeric_limits<float>::max_exponent10];
-  std::snprintf(number, sizeof number, "%.*f", decimals, value);
-  const bool zero = std::string(number).find_first_not_of("0.") == std::string::npos;
-  const std::string cell = std::string(14, ' ') + (single < 0 && !zero ? "-" : "") +
-                           (number + (number[0] == '0' ? 1 : 0)) + tail;
-  return cell.substr(cell.size() - width);
-}
-
 std::string Name(const std::string& name) {
   const std::string cell = "   " + name;
   std::size_t start = cell.size();
@@ -42,6 +29,20 @@ std::string Name(const std::string& name) {
 }
 
 }  // namespace
+
+std::string LiteralCell(float single, std::string_view mask) {
+  const auto decimals = static_cast<int>(std::count(mask.begin(), mask.end(), '0'));
+  double value = std::fabs(double{single});
+  const double places = std::pow(10, decimals);
+  // The library takes an exact half to the even neighbour; a nudge takes it up.
+  if (std::fmod(value * places * 2, 2) == 1) value += 0.25 / places;
+  char number[64 + std::numeric_limits<float>::max_exponent10];
+  std::snprintf(number, sizeof number, "%.*f", decimals, value);
+  const bool zero = std::string(number).find_first_not_of("0.") == std::string::npos;
+  const std::string cell = std::string(14, ' ') + (single < 0 && !zero ? "-" : "") +
+                           (number + (number[0] == '0' ? 1 : 0)) + (mask.back() == ')' ? ")" : "");
+  return cell.substr(cell.size() - mask.size());
+}
 
 bool LiteralRun(RunControls& controls, Int64 passLimit) {
   std::string name[14];
@@ -66,9 +67,9 @@ bool LiteralRun(RunControls& controls, Int64 passLimit) {
     if (count > 0) controls.Print(std::to_string(count) + " " + name[i]);
   }
   const auto mass = static_cast<double>(remaining);
-  std::string listing = "    MASS " + Cell(static_cast<float>(remaining), 5, 0) + Name(name[1]) +
-                        Name(name[2]) + Name(name[3]) + Name(name[4]) + "    M+1    M+2  RDB\r" +
-                        "   ----------- -- -- -- --   ----   ----  ---\r";
+  std::string listing = "    MASS " + LiteralCell(static_cast<float>(remaining), "-####") +
+                        Name(name[1]) + Name(name[2]) + Name(name[3]) + Name(name[4]) +
+                        "    M+1    M+2  RDB\r" + "   ----------- -- -- -- --   ----   ----  ---\r";
   const bool any = remaining > 0 && unit[1] > 0 && unit[3] > 0 && unit[4] > 0;
   const Int64 maxC = ToInt64(mass / unit[1]), maxO = ToInt64(mass / unit[4]);
   const Int64 maxN = ToInt64(mass / unit[3]);
@@ -97,9 +98,12 @@ bool LiteralRun(RunControls& controls, Int64 passLimit) {
         const float t = m1 * m1;
         const double d = (double{t} / 100 - double{s} / 100) / 2;
         const float m2 = Round(((((d + q[1] * C) + q[2] * H) + q[3] * N) + q[4] * O) + addedQ);
-        listing += Cell(static_cast<float>(++row), 5, 0, ")") + Cell(exact, 9, 4);
-        for (const Int64 atoms : {c, h, n, o}) listing += Cell(static_cast<float>(atoms), 3, 0);
-        listing += Cell(m1, 7, 2) + Cell(m2, 7, 2) + Cell(rdb, 5, 1) + Module1::CR;
+        listing +=
+            LiteralCell(static_cast<float>(++row), "####)") + LiteralCell(exact, " ###.0000");
+        for (const Int64 atoms : {c, h, n, o})
+          listing += LiteralCell(static_cast<float>(atoms), " ##");
+        listing += LiteralCell(m1, " ###.00") + LiteralCell(m2, " ###.00") +
+                   LiteralCell(rdb, " ##.0") + Module1::CR;
       }
     }
   }

@@ -11,4 +11,7 @@ namespace peakwright {
 /// the innermost loops; tells whether it came to the end.
 bool LiteralRun(RunControls& controls, std::int64_t passLimit);
 
+/// A number by a mask of the report, likewise.
+std::string LiteralCell(float value, std::string_view mask);
+
 }  // namespace peakwright
