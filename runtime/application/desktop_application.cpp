@@ -7,6 +7,7 @@
 
 #include <QBackingStore>
 #include <QIcon>
+#include <QLabel>
 #include <QMessageBox>
 #include <QThread>
 #include <QWidget>
@@ -153,7 +154,6 @@ void DesktopApplication::PrepareToTell() {
       std::make_unique<QMessageBox>(QMessageBox::Warning, QApplication::applicationName(),
                                     QStringLiteral("The last command could not be completed."),
                                     QMessageBox::Ok, ToolkitSide::DocumentWindow());
-  exceptions_->setTextFormat(Qt::PlainText);
   exceptions_->setWindowModality(Qt::ApplicationModal);
   const auto keep = [this] { reserve_.reset(new (std::nothrow) char[kReserve]); };
   QObject::connect(exceptions_.get(), &QDialog::finished, keep);
@@ -178,6 +178,8 @@ void DesktopApplication::UnhandledException(const std::string& what) {
     text = shown + u'\n' + text;
   }
   exceptions_->setInformativeText(text);
+  // The box's own format is that of its headline.
+  for (QLabel* label : exceptions_->findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
   exceptions_->show();
 }
 

@@ -1,3 +1,4 @@
+#include <QLabel>
 #include <QPushButton>
 #include <gtest/gtest.h>
 
@@ -54,6 +55,7 @@ TEST_F(Ending, OfAWindowLeavesTheBoxForExceptions) {
   EXPECT_EQ(Box(), nullptr);
   Program::Choose("FileUpdate");
   EXPECT_EQ(Box()->informativeText(), "<b>again</b>");
+  for (auto* label : Box()->findChildren<QLabel*>()) EXPECT_EQ(label->textFormat(), Qt::PlainText);
   // The program ends with the box up.
 }
 
