@@ -65,7 +65,7 @@ void CheckAllPieces(QWidget& control, const TextCase& text) {
 }
 
 TEST(Assistive, EveryTextControlTellsWhatStandsBeforeAtAndAfterAnOffset) {
-  Program program{{.IsConnected = [] { return false; }}};
+  Program program;
   program.Main().CheckBox2.Value(true);
   Window2::Instance().Edit(0);
   Window2::Instance().textfield2.Visible(true);
@@ -104,7 +104,7 @@ void Press(const DesktopUIControl& control) {
 }
 
 TEST(Assistive, WhatIsNotShownTakesNothing) {
-  Program program{{.IsConnected = [] { return false; }}};
+  Program program;
   Window1& counts = Window1::Instance();
   Window2& editor = Window2::Instance();
   counts.Hide();

@@ -9,6 +9,7 @@
 #include <QMessageBox>
 #include <QTest>
 #include <QWidget>
+#include <gtest/gtest.h>
 
 #include "app/application.h"
 #include "runtime/application/toolkit_side.h"
@@ -22,10 +23,10 @@ namespace peakwright {
 
 using Controls = std::vector<const DesktopUIControl*>;
 
-/// The program, started as its user starts it, and the user's hands on it.
+/// The program, started as its user starts it, here without a network, and the user's hands on it.
 class Program : public App {
  public:
-  explicit Program(UpdateSurroundings surroundings = {})
+  explicit Program(UpdateSurroundings surroundings = {.IsConnected = [] { return false; }})
       : App(argumentCount_, &arguments_, std::move(surroundings)) {
     Start();
   }
@@ -78,6 +79,14 @@ class Program : public App {
   inline static int argumentCount_ = 0;
   inline static char* arguments_ = nullptr;
   std::string lastException_;
+};
+
+/// A test of the program as it starts.
+class ProgramTest : public testing::Test {
+ protected:
+  Program program_;
+  TextWindow& main_ = program_.Main();
+  const std::string start_ = program_.Results();
 };
 
 }  // namespace peakwright

@@ -185,7 +185,7 @@ void CheckDialogControls(QWidget& content) {
 TEST(Appearance, CanBeSeenLightDarkAndInHighContrast) {
   for (const std::string appearance : {"light", "dark", "high contrast"}) {
     SCOPED_TRACE(appearance);
-    Program program({.IsConnected = [] { return false; }});
+    Program program;
     ShowAppearance(appearance == "dark");
     if (appearance == "high contrast") QApplication::setPalette(HighContrast());
     EXPECT_EQ(Color::IsDarkMode(), appearance != "light");
@@ -209,17 +209,6 @@ TEST(Appearance, CanBeSeenLightDarkAndInHighContrast) {
     EXPECT_GE(TextContrast(ToolkitSide::Of(Menu::Instance())->grab().toImage()), 4.5);
     ShowAppearance(false);
   }
-}
-
-TEST(Appearance, ShowsReportRowsUnwrapped) {
-  Program program;
-  QApplication::processEvents();
-  ToolkitSide::Of(program.Main())->resize(ToolkitSide::Of(program.Main())->size() + QSize(0, 1));
-  program.Main().PushButton2.Press();
-  program.Main().Pushbutton1.Press();
-  QApplication::processEvents();
-  DesktopTextArea& results = program.Main().textfield2;
-  EXPECT_EQ(results.LineNumber(results.TextLength()), 2 + 28 + 2);
 }
 
 }  // namespace

@@ -22,71 +22,64 @@
 namespace peakwright {
 namespace {
 
-TEST(MainWindow, ListsAMassTypedAndReturned) {
-  Program program;
-  TextWindow& main = program.Main();
-  const std::string start = program.Results();
-  EXPECT_EQ(start.substr(0, 26), "  Version 1.70 December 28");
-  QTest::keyClicks(ToolkitSide::Of(main.textfield1), QStringLiteral("58.9"));
-  Program::Key(main.textfield1, Qt::Key_Return);
-  EXPECT_EQ(main.textfield1.Text(), "58");
-  EXPECT_EQ(program.Results(), start + kListing58);
+class MainWindow : public ProgramTest {};
 
-  Program::Type(main.textfield1, "benzene");
-  Program::Key(main.textfield1, Qt::Key_Enter);
-  EXPECT_EQ(main.textfield1.Text(), "0");
-  EXPECT_EQ(program.Results(),
-            start + kListing58 + "Insufficient mass remaining for C, H, N, or O.\r\r");
-}
-
-TEST(MainWindow, ListsThousandsOfRows) {
-  Program program;
-  TextWindow& main = program.Main();
-  const std::string start = program.Results();
+TEST_F(MainWindow, ListsAMassTypedAndReturned) {
+  EXPECT_EQ(start_.substr(0, 26), "  Version 1.70 December 28");
+  QTest::keyClicks(ToolkitSide::Of(main_.textfield1), QStringLiteral("58.9"));
+  Program::Key(main_.textfield1, Qt::Key_Return);
+  EXPECT_EQ(main_.textfield1.Text(), "58");
+  EXPECT_EQ(program_.Results(), start_ + kListing58);
   PlainControls expected;
-  expected.mass = "700";
-  Module1::calculate(expected);
-  Program::Type(main.textfield1, "700");
-  Program::Key(main.textfield1, Qt::Key_Return);
-  EXPECT_EQ(program.Results(), start + expected.results);
+  expected.results = start_ + kListing58;
+  for (const char* mass : {"benzene", "700"}) {
+    Program::Type(main_.textfield1, mass);
+    Program::Key(main_.textfield1, Qt::Key_Enter);
+    expected.mass = mass;
+    Module1::calculate(expected);
+    EXPECT_EQ(main_.textfield1.Text(), expected.mass);
+    EXPECT_EQ(program_.Results(), expected.results);
+  }
 }
 
-TEST(MainWindow, ReturnRunsAndEscapeClearsFromEveryControl) {
-  Program program;
-  TextWindow& main = program.Main();
-  Program::Type(main.textfield1, "58");
+TEST_F(MainWindow, ReturnRunsAndEscapeClearsFromEveryControl) {
+  Program::Type(main_.textfield1, "58");
   for (const DesktopUIControl* control :
-       Controls{&main.textfield1, &main.Pushbutton1, &main.checkbox1, &main.CheckBox2,
-                &main.PushButton2, &main.PushButton3}) {
+       Controls{&main_.textfield1, &main_.Pushbutton1, &main_.checkbox1, &main_.CheckBox2,
+                &main_.PushButton2, &main_.PushButton3, &main_.textfield2}) {
     Program::Key(*control, Qt::Key_Escape);
-    EXPECT_EQ(program.Results(), "");
+    EXPECT_EQ(program_.Results(), "");
     Program::Key(*control, Qt::Key_Return);
-    EXPECT_EQ(program.Results(), kListing58);
+    EXPECT_EQ(program_.Results(), control == &main_.textfield2 ? "\r" : kListing58);
   }
-  Program::Key(main.textfield2, Qt::Key_Escape);
-  EXPECT_EQ(program.Results(), "");
-  Program::Key(main.textfield2, Qt::Key_Return);
-  EXPECT_EQ(program.Results(), "\r");
-  EXPECT_EQ(main.textfield1.Text(), "58");
+  EXPECT_EQ(main_.textfield1.Text(), "58");
 }
 
-TEST(MainWindow, TabFollowsTheOrderOutOfTheResultsToo) {
-  Program program;
-  TextWindow& main = program.Main();
-  Program::Focus(main.textfield1);
-  for (const DesktopUIControl* next :
-       Controls{&main.Pushbutton1, &main.checkbox1, &main.textfield2, &main.CheckBox2,
-                &main.PushButton2, &main.PushButton3, &main.textfield1}) {
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-    EXPECT_EQ(QApplication::focusWidget(), ToolkitSide::Of(*next));
-  }
+TEST_F(MainWindow, TabFollowsTheOrderOfEachWindowOutOfTheResultsToo) {
   Program::Choose("FileElementdata");
-  Program::Key(Window3::Instance().ListBox1, Qt::Key_Tab);
-  EXPECT_EQ(QApplication::focusWidget(), ToolkitSide::Of(Window3::Instance().PushButton1));
+  Window2::Instance().Edit(0);
+  const Window1& counts = Window1::Instance();
+  const Window2& editor = Window2::Instance();
+  Controls ofCounts{&counts.PushButton1,   &counts.PushButton2, &counts.PushButton3,
+                    &counts.textfield1(7), &counts.PopupMenu1,  &counts.textfield1(8),
+                    &counts.PushButton4};
+  Controls ofEditor{&editor.PushButton1, &editor.PushButton2, &editor.PushButton3};
+  for (int i = 6; i >= 0; --i) ofCounts.insert(ofCounts.begin(), &counts.textfield1(i));
+  for (int i = 5; i >= 0; --i) ofEditor.insert(ofEditor.begin(), &editor.textfield1(i));
+  for (const Controls& order :
+       {Controls{&main_.textfield1, &main_.Pushbutton1, &main_.checkbox1, &main_.textfield2,
+                 &main_.CheckBox2, &main_.PushButton2, &main_.PushButton3},
+        ofCounts, ofEditor,
+        Controls{&Window3::Instance().ListBox1, &Window3::Instance().PushButton1}}) {
+    Program::Focus(*order.back());
+    for (const DesktopUIControl* next : order) {
+      QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+      EXPECT_EQ(QApplication::focusWidget(), ToolkitSide::Of(*next));
+    }
+  }
 }
 
-TEST(MainWindow, MenusHaveALetterForEachItemAndTellTheKeysOfTheEditing) {
-  Program program;
+TEST_F(MainWindow, MenusHaveALetterForEachItemAndTellTheKeysOfTheEditing) {
   for (const QAction* title : ToolkitSide::Of(Menu::Instance())->actions()) {
     QString letters;
     for (const QAction* item : title->menu()->actions()) {
@@ -98,153 +91,137 @@ TEST(MainWindow, MenusHaveALetterForEachItemAndTellTheKeysOfTheEditing) {
   }
 }
 
-TEST(MainWindow, CopiesCutsAndPastesByTheMenu) {
-  Program program;
-  const DesktopTextArea& results = program.Main().textfield2;
-  Program::Type(results, "ab");
-  Program::Key(results, Qt::Key_A, Qt::ControlModifier);
-  Program::Choose("EditCopy");
-  EXPECT_EQ(program.Results(), "ab");
-  Program::Choose("EditCut");
-  EXPECT_EQ(program.Results(), "");
-  for (const char* command : {"EditPaste", "EditPaste"}) Program::Choose(command);
-  EXPECT_EQ(program.Results(), "abab");
+/// The items of the Edit menu that are enabled when it opens with the focus in a control.
+std::string Offered(const DesktopUIControl& control) {
+  Program::Focus(control);
+  QMenu& edit = ToolkitSide::MenuOf(*Menu::Instance().Child("Edit"));
+  edit.popup({});
+  std::string offered;
+  for (const QAction* item : edit.actions()) {
+    if (item->isEnabled()) offered += item->text().remove('&').toStdString() + " ";
+  }
+  edit.close();
+  Program::Focus(control);
+  return offered;
 }
 
-TEST(MainWindow, BoxAndMenuItemAreOne) {
-  Program program;
-  TextWindow& main = program.Main();
-  Program::Type(main.textfield1, "1");
+TEST_F(MainWindow, EditsByTheMenu) {
   Program::Choose("FileClear");
-  const std::string none =
-      "    MASS     1  C  H  N  O    M+1    M+2  RDB\r"
-      "   ----------- -- -- -- --   ----   ----  ---\r\rThere are no valid combinations.\r\r";
-  Program::Click(main.checkbox1);
-  EXPECT_EQ(program.Results(), "Nitrogen rule applied:\r" + none);
-  EXPECT_TRUE(Program::Marked("FileApplynitrogenrule"));
-  main.checkbox1.Value(true);
-  EXPECT_EQ(program.Results(), "Nitrogen rule applied:\r" + none) << "no change, no run";
-  Program::Choose("FileClear");
-  Program::Choose("FileApplynitrogenrule");
-  EXPECT_FALSE(main.checkbox1.Value());
-  EXPECT_FALSE(Program::Marked("FileApplynitrogenrule"));
-  EXPECT_TRUE(program.Results().starts_with(none.substr(0, 20)));
+  QApplication::clipboard()->clear();
+  for (const DesktopUIControl* control : Controls{&main_.textfield1, &main_.textfield2}) {
+    const auto text = [&] {
+      return control == &main_.textfield1 ? main_.textfield1.Text() : program_.Results();
+    };
+    Program::Type(*control, "ab");
+    EXPECT_EQ(Offered(*control), "Undo ");
+    Program::Key(*control, Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(Offered(*control), "Undo Cut Copy ");
+    Program::Choose("EditCopy");
+    EXPECT_EQ(text(), "ab");
+    Program::Choose("EditCut");
+    EXPECT_EQ(text(), "");
+    EXPECT_EQ(Offered(*control), "Undo Paste ");
+    for (const char* command : {"EditPaste", "EditPaste"}) Program::Choose(command);
+    EXPECT_EQ(text(), "abab");
+    Program::Choose("EditUndo");
+    EXPECT_EQ(text(), "ab");
+    QApplication::clipboard()->clear();
+  }
+  EXPECT_EQ(Offered(main_.Pushbutton1), "Undo ") << "of the results";
 }
 
-TEST(MainWindow, WritesAtTheInsertionPointAndScrollsBelowTheOldEnd) {
-  Program program;
-  TextWindow& main = program.Main();
+TEST_F(MainWindow, BoxAndMenuItemAreOne) {
+  for (const bool on : {true, false}) {
+    Program::Choose("FileClear");
+    on ? Program::Click(main_.checkbox1) : Program::Choose("FileApplynitrogenrule");
+    EXPECT_EQ(Program::Marked("FileApplynitrogenrule"), on);
+    EXPECT_EQ(main_.checkbox1.Value(), on);
+    const std::string listed = program_.Results();
+    EXPECT_TRUE(listed.starts_with(on ? "Nitrogen rule applied:\r" : "    MASS   100"));
+    main_.checkbox1.Value(on);
+    EXPECT_EQ(program_.Results(), listed) << "no change, no run";
+  }
+}
+
+TEST_F(MainWindow, WritesAtTheInsertionPointAndScrollsBelowTheOldEnd) {
   Program::Choose("FileClear");
-  Program::Type(main.textfield2, "ab");
-  QTest::keyClick(ToolkitSide::Of(main.textfield2), Qt::Key_Left, Qt::ShiftModifier);
-  Program::Type(main.textfield1, "58");
+  Program::Type(main_.textfield2, "ab");
+  QTest::keyClick(ToolkitSide::Of(main_.textfield2), Qt::Key_Left, Qt::ShiftModifier);
+  Program::Type(main_.textfield1, "58");
   Program::Choose("FileRun");
-  EXPECT_EQ(program.Results(), "a" + kListing58);
-  main.CheckBox2.Value(true);
-  ToolkitSide::Of(main)->showMinimized();
+  EXPECT_EQ(program_.Results(), "a" + kListing58);
+  main_.CheckBox2.Value(true);
+  ToolkitSide::Of(main_)->showMinimized();
   Window1& panel = Window1::Instance();
   using Case = std::pair<std::function<void()>, std::int64_t>;
   for (const auto& [command, step] : {Case{[&] { Program::Click(panel.PushButton3); }, 20},
                                       Case{[] { Program::Choose("FileRun"); }, 20},
                                       Case{[] { Program::Choose("FileMoreinfo"); }, 10},
                                       Case{[] { Program::Choose("FileAbout"); }, 10}}) {
-    main.textfield1.Text("200");
-    const std::int64_t end = main.textfield2.LineNumber(main.textfield2.TextLength());
+    main_.textfield1.Text("200");
+    const std::int64_t end = main_.textfield2.LineNumber(main_.textfield2.TextLength());
     command();
-    EXPECT_FALSE(ToolkitSide::Of(main)->isMinimized());
-    const int last = static_cast<QAbstractScrollArea*>(ToolkitSide::Of(main.textfield2))
+    EXPECT_FALSE(ToolkitSide::Of(main_)->isMinimized());
+    const int last = static_cast<QAbstractScrollArea*>(ToolkitSide::Of(main_.textfield2))
                          ->verticalScrollBar()
                          ->maximum();
-    EXPECT_EQ(main.textfield2.VerticalScrollPosition(), std::min<std::int64_t>(end + step, last));
+    EXPECT_EQ(main_.textfield2.VerticalScrollPosition(), std::min<std::int64_t>(end + step, last));
   }
 }
 
-TEST(MainWindow, TakesItsShortcutsFromEveryWindow) {
-  Program program;
-  TextWindow& main = program.Main();
+TEST_F(MainWindow, TakesItsKeysFromEveryWindow) {
   Program::Choose("FileElementdata");
   Window2::Instance().Edit(0);
   int checks = 0;
-  main.CheckForUpdates = [&] { ++checks; };
-  Program::Type(main.textfield1, "58");
+  main_.CheckForUpdates = [&] { ++checks; };
+  main_.textfield1.Text("58");
   for (const DesktopUIControl* control :
-       Controls{&main.textfield2, &Window1::Instance().textfield1(0),
-                &Window2::Instance().textfield1(0), &Window3::Instance().ListBox1}) {
+       Controls{&main_.textfield1, &main_.Pushbutton1, &main_.textfield2,
+                &Window1::Instance().textfield1(0), &Window2::Instance().textfield1(0),
+                &Window3::Instance().ListBox1}) {
+    QWidget& from = *ToolkitSide::Of(*control);
+    const std::string before = program_.Results();
     Program::Choose("FileClear");
     Program::Key(*control, Qt::Key_R, Qt::ControlModifier);
-    EXPECT_EQ(program.Results(), kListing58);
+    EXPECT_EQ(program_.Results(), kListing58);
+    for (const std::string& undone : {std::string(), before}) {
+      QTest::keySequence(&from, QKeySequence::Undo);
+      EXPECT_EQ(program_.Results(), undone);
+    }
+    for (const std::string& redone : {std::string(), kListing58}) {
+      QTest::keySequence(&from, QKeySequence::Redo);
+      EXPECT_EQ(program_.Results(), redone);
+    }
     Program::Key(*control, Qt::Key_U, Qt::ControlModifier);
-  }
-  EXPECT_EQ(checks, 4);
-}
-
-TEST(MainWindow, RunAndClearAreUndone) {
-  Program program;
-  TextWindow& main = program.Main();
-  const std::string start = program.Results();
-  QApplication::processEvents();
-  Program::Choose("FileRun");
-  Program::Focus(main.textfield2);
-  QTest::keySequence(ToolkitSide::Of(main.textfield2), QKeySequence::Undo);
-  EXPECT_EQ(program.Results(), start) << "one step takes back a whole run";
-  Program::Key(main.textfield2, Qt::Key_Escape);
-  ASSERT_EQ(program.Results(), "");
-  DesktopMenuItem& edit = *Menu::Instance().Child("Edit");
-  QApplication::clipboard()->setText(QStringLiteral("pasted"));
-  ToolkitSide::MenuOf(edit).popup({});
-  EXPECT_TRUE(ToolkitSide::Of(*edit.Child("EditUndo"))->isEnabled());
-  EXPECT_FALSE(ToolkitSide::Of(*edit.Child("EditCut"))->isEnabled());
-  EXPECT_TRUE(ToolkitSide::Of(*edit.Child("EditPaste"))->isEnabled());
-  ToolkitSide::MenuOf(edit).close();
-  Program::Choose("EditUndo");
-  EXPECT_EQ(program.Results(), start);
-  QTest::keySequence(ToolkitSide::Of(main.textfield2), QKeySequence::Redo);
-  EXPECT_EQ(program.Results(), "");
-}
-
-TEST(MainWindow, TakesTheNextMassAfterAnyClick) {
-  Program program;
-  TextWindow& main = program.Main();
-  EXPECT_LE(main.Top() + 340, 400) << "the panels stand above the isotopes window";
-  main.CheckBox2.Value(true);
-  Window1& panel = Window1::Instance();
-  for (const DesktopUIControl* clicked :
-       Controls{&main.Pushbutton1, &main.PushButton2, &main.PushButton3, &main.checkbox1,
-                &main.MassText, &panel.PushButton3, &panel.PushButton1}) {
-    Program::Focus(*(ToolkitSide::Of(*clicked)->window() == ToolkitSide::Of(main) ? &main.textfield2
-                                                                                  : clicked));
-    Program::Click(*clicked);
-    Program::Choose("FileClear");
-    QTest::keyClicks(ToolkitSide::Of(main)->focusWidget(), QStringLiteral("58"));
-    QTest::keyClick(ToolkitSide::Of(main)->focusWidget(), Qt::Key_Return);
-    EXPECT_NE(program.Results().find(kListing58.substr(0, 40)), std::string::npos);
-  }
-}
-
-TEST(MainWindow, KeysReachTheResultsAndTheMenuBarFromEveryWindow) {
-  Program program;
-  TextWindow& main = program.Main();
-  main.CheckBox2.Value(true);
-  const std::string start = program.Results();
-  for (const DesktopUIControl* from :
-       Controls{&main.textfield1, &main.Pushbutton1, &Window1::Instance().textfield1(0)}) {
-    Program::Choose("FileClear");
-    Program::Key(*from, Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(program.Results(), start);
-    QTest::keySequence(ToolkitSide::Of(*from), QKeySequence::Redo);
-    EXPECT_EQ(program.Results(), "");
-    Program::Choose("EditUndo");
-    QTest::keyClick(ToolkitSide::Of(*from), Qt::Key_J, Qt::AltModifier);
-    EXPECT_NE(ToolkitSide::Of(*from)->property("text").toString(), "j");
-    QTest::keyClick(ToolkitSide::Of(*from), Qt::Key_F10);
+    QTest::keyClick(&from, Qt::Key_J, Qt::AltModifier);
+    EXPECT_NE(from.property("text").toString(), "j");
+    QTest::keyClick(&from, Qt::Key_F10);
     ASSERT_EQ(QApplication::activePopupWidget(),
               &ToolkitSide::MenuOf(*Menu::Instance().Child("File")));
     QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
     QApplication::processEvents();
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
-    EXPECT_EQ(ToolkitSide::Of(*from)->window()->focusWidget(), ToolkitSide::Of(*from));
-    EXPECT_FALSE(ToolkitSide::Of(main)->focusWidget()->inherits("QMenuBar"));
-    EXPECT_EQ(program.Results(), start);
+    EXPECT_EQ(from.window()->focusWidget(), &from);
+    EXPECT_FALSE(ToolkitSide::Of(main_)->focusWidget()->inherits("QMenuBar"));
+    EXPECT_EQ(program_.Results(), kListing58);
+  }
+  EXPECT_EQ(checks, 6);
+}
+
+TEST_F(MainWindow, TakesTheNextMassAfterAnyClick) {
+  EXPECT_LE(main_.Top() + 340, 400) << "the panels stand above the isotopes window";
+  main_.CheckBox2.Value(true);
+  Window1& panel = Window1::Instance();
+  for (const DesktopUIControl* clicked :
+       Controls{&main_.Pushbutton1, &main_.PushButton2, &main_.PushButton3, &main_.checkbox1,
+                &main_.MassText, &panel.PushButton3, &panel.PushButton1}) {
+    Program::Focus(main_.textfield2);
+    ToolkitSide::Of(*clicked)->window()->activateWindow();
+    Program::Click(*clicked);
+    Program::Choose("FileClear");
+    QTest::keyClicks(ToolkitSide::Of(main_)->focusWidget(), QStringLiteral("58"));
+    QTest::keyClick(ToolkitSide::Of(main_)->focusWidget(), Qt::Key_Return);
+    EXPECT_NE(program_.Results().find(kListing58.substr(0, 40)), std::string::npos);
   }
 }
 
@@ -256,15 +233,13 @@ std::string Typing() {
          std::to_string(field->cursorPosition()) + "|" + std::to_string(field->x() + field->y());
 }
 
-TEST(MainWindow, LeavingAMenuLeavesTheFieldAsItWas) {
-  Program program({.IsConnected = [] { return false; }});
-  TextWindow& main = program.Main();
-  main.CheckBox2.Value(true);
+TEST_F(MainWindow, LeavingAMenuLeavesTheFieldAsItWas) {
+  main_.CheckBox2.Value(true);
   Window2::Instance().Edit(0);
   Program::Choose("FileUpdate");
   QApplication::processEvents();
   for (const DesktopUIControl* control :
-       Controls{&main.textfield1, &Window1::Instance().textfield1(2),
+       Controls{&main_.textfield1, &Window1::Instance().textfield1(2),
                 &Window2::Instance().textfield1(4), &WindowDownload::Instance().EditField1}) {
     auto& field = static_cast<QLineEdit&>(*ToolkitSide::Of(*control));
     for (const auto& [from, length] : {std::pair(0, 3), std::pair(1, -1), std::pair(1, 0)}) {
@@ -286,44 +261,39 @@ TEST(MainWindow, LeavingAMenuLeavesTheFieldAsItWas) {
   }
 }
 
-TEST(MainWindow, ResizesTheResultsOnARealChangeOnly) {
-  Program program;
-  TextWindow& main = program.Main();
+TEST_F(MainWindow, ResizesTheResultsOnARealChangeOnly) {
   QApplication::processEvents();
-  const QSize frame = ToolkitSide::Of(main)->size() - ToolkitSide::ContentOf(main)->size();
-  struct Case {
-    QSize window, results;
-  };
-  for (const Case& size :
-       {Case{{600, 700}, {575, 640}}, Case{{500, 650}, {475, 590}}, Case{{64, 64}, {39, 4}}}) {
-    ToolkitSide::Of(main)->resize(size.window + frame);
+  const QSize frame = ToolkitSide::Of(main_)->size() - ToolkitSide::ContentOf(main_)->size();
+  for (const auto& [window, results] :
+       {std::pair(QSize(600, 700), QSize(575, 640)), std::pair(QSize(64, 64), QSize(39, 4)),
+        std::pair(QSize(500, 650), QSize(475, 590))}) {
+    ToolkitSide::Of(main_)->resize(window + frame);
     QApplication::processEvents();
-    EXPECT_EQ(ToolkitSide::Of(main.textfield2)->size(), size.results);
-    EXPECT_EQ(ToolkitSide::Of(main.textfield2)->pos(), QPoint(8, 48));
+    EXPECT_EQ(ToolkitSide::Of(main_.textfield2)->geometry(), QRect(QPoint(8, 48), results));
   }
+  Program::Choose("FileClear");
+  Program::Choose("FileRun");
+  EXPECT_EQ(main_.textfield2.LineNumber(main_.textfield2.TextLength()), 2 + 28 + 2)
+      << "no row of a listing wraps";
+  EXPECT_EQ(ToolkitSide::Of(main_.textfield2)->font().pixelSize(), 16);
 }
 
-TEST(MainWindow, EndsOnItsDisplayAndTheResultsGiveWay) {
-  Program program;
-  TextWindow& main = program.Main();
+TEST_F(MainWindow, EndsOnItsDisplayAndTheResultsGiveWay) {
   const int display = QApplication::primaryScreen()->availableGeometry().bottom() + 1;
-  EXPECT_LE(ToolkitSide::Of(main)->frameGeometry().bottom() + 1, display);
-  EXPECT_EQ(main.Height() < 650, display < 700) << main.Height() << " on " << display;
-  EXPECT_EQ(ToolkitSide::Of(main.textfield2)->geometry(), QRect(8, 48, 492, main.Height() - 50));
+  EXPECT_LE(ToolkitSide::Of(main_)->frameGeometry().bottom() + 1, display);
+  EXPECT_EQ(main_.Height() < 650, display < 700) << main_.Height() << " on " << display;
+  EXPECT_EQ(ToolkitSide::Of(main_.textfield2)->geometry(), QRect(8, 48, 492, main_.Height() - 50));
 }
 
-TEST(MainWindow, GoesOnAfterAnExceptionAndEndsWithZero) {
-  Program program;
-  TextWindow& main = program.Main();
-  const std::string before = program.Results();
-  main.CheckForUpdates = [] { throw std::runtime_error("no luck"); };
+TEST_F(MainWindow, GoesOnAfterAnExceptionAndEndsWithZero) {
+  main_.CheckForUpdates = [] { throw std::runtime_error("no luck"); };
   Program::Choose("FileUpdate");
-  EXPECT_EQ(program.LastException(), "no luck");
-  EXPECT_EQ(program.Results(), before);
-  for (const auto& end : {std::function<void()>([&] { ToolkitSide::Of(main)->close(); }),
+  EXPECT_EQ(program_.LastException(), "no luck");
+  EXPECT_EQ(program_.Results(), start_);
+  for (const auto& end : {std::function<void()>([&] { ToolkitSide::Of(main_)->close(); }),
                           std::function<void()>([] { Program::Choose("FileQuit"); })}) {
     QTimer::singleShot(0, QApplication::instance(), end);
-    EXPECT_EQ(program.Run(), 0);
+    EXPECT_EQ(program_.Run(), 0);
   }
 }
 

@@ -137,7 +137,8 @@ TEST(Results, PageKeysInAFieldLeaveTheInsertionPoint) {
   program.Main().CheckBox2.Value(true);
   const std::string listing = program.Results();
   for (const DesktopUIControl* field :
-       Controls{&program.Main().textfield1, &Window1::Instance().textfield1(0)}) {
+       Controls{&program.Main().textfield1, &program.Main().Pushbutton1,
+                &Window1::Instance().textfield1(0)}) {
     program.Scroll.setValue(100);
     Program::Key(*field, Qt::Key_PageDown);
     EXPECT_EQ(program.Scroll.value(), 100 + program.Scroll.pageStep());
