@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
+#include <type_traits>
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -16,71 +18,28 @@
 namespace peakwright {
 namespace {
 
-bool ClipboardHasText() { return !QApplication::clipboard()->text().isEmpty(); }
-
 /// Asks or tells the one or the other kind of text control; others answer with nothing.
-template <class Result, class OnField, class OnArea>
-Result OnTextControl(QWidget& focused, OnField onField, OnArea onArea) {
-  if (auto* field = dynamic_cast<QLineEdit*>(&focused)) return onField(*field);
-  if (auto* area = dynamic_cast<TextAreaView*>(&focused)) return onArea(*area);
-  return Result();
+template <auto kOnField, auto kOnArea>
+auto OnTextControl(QWidget& focused) {
+  if (auto* field = dynamic_cast<QLineEdit*>(&focused)) return std::invoke(kOnField, *field);
+  if (auto* area = dynamic_cast<TextAreaView*>(&focused)) return std::invoke(kOnArea, *area);
+  return std::invoke_result_t<decltype(kOnArea), TextAreaView&>();
 }
 
-bool HasSelection(QWidget& focused) {
-  return OnTextControl<bool>(
-      focused, [](QLineEdit& field) { return field.hasSelectedText(); },
-      [](TextAreaView& area) { return area.textCursor().hasSelection(); });
-}
+bool AreaHasSelection(const TextAreaView& area) { return area.textCursor().hasSelection(); }
+bool ClipboardHasText(const QWidget&) { return !QApplication::clipboard()->text().isEmpty(); }
 
-bool CanUndo(QWidget& focused) {
-  return OnTextControl<bool>(
-      focused, [](QLineEdit& field) { return field.isUndoAvailable(); },
-      [](TextAreaView& area) { return area.CanUndo(); });
-}
-
-bool CanRedo(QWidget& focused) {
-  return OnTextControl<bool>(
-      focused, [](QLineEdit& field) { return field.isRedoAvailable(); },
-      [](TextAreaView& area) { return area.CanRedo(); });
-}
-
-bool CanPaste(QWidget& focused) {
-  return OnTextControl<bool>(
-      focused, [](QLineEdit&) { return ClipboardHasText(); },
-      [](TextAreaView&) { return ClipboardHasText(); });
-}
-
-void Undo(QWidget& focused) {
-  OnTextControl<void>(
-      focused, [](QLineEdit& field) { field.undo(); }, [](TextAreaView& area) { area.Undo(); });
-}
-
-void Redo(QWidget& focused) {
-  OnTextControl<void>(
-      focused, [](QLineEdit& field) { field.redo(); }, [](TextAreaView& area) { area.Redo(); });
-}
-
-void Cut(QWidget& focused) {
-  OnTextControl<void>(
-      focused, [](QLineEdit& field) { field.cut(); }, [](TextAreaView& area) { area.Cut(); });
-}
-
-void Copy(QWidget& focused) {
-  OnTextControl<void>(
-      focused, [](QLineEdit& field) { field.copy(); }, [](TextAreaView& area) { area.copy(); });
-}
-
-void Paste(QWidget& focused) {
-  OnTextControl<void>(
-      focused, [](QLineEdit& field) { field.paste(); }, [](TextAreaView& area) { area.paste(); });
-}
+constexpr auto kHasSelection = OnTextControl<&QLineEdit::hasSelectedText, AreaHasSelection>;
+constexpr auto kUndo = OnTextControl<&QLineEdit::undo, &TextAreaView::Undo>;
+constexpr auto kRedo = OnTextControl<&QLineEdit::redo, &TextAreaView::Redo>;
 
 const std::array<EditCommand, 5> kCommands{{
-    {"EditUndo", CanUndo, Undo},
-    {"EditRedo", CanRedo, Redo},
-    {"EditCut", HasSelection, Cut},
-    {"EditCopy", HasSelection, Copy},
-    {"EditPaste", CanPaste, Paste},
+    {"EditUndo", OnTextControl<&QLineEdit::isUndoAvailable, &TextAreaView::CanUndo>, kUndo},
+    {"EditRedo", OnTextControl<&QLineEdit::isRedoAvailable, &TextAreaView::CanRedo>, kRedo},
+    {"EditCut", kHasSelection, OnTextControl<&QLineEdit::cut, &TextAreaView::Cut>},
+    {"EditCopy", kHasSelection, OnTextControl<&QLineEdit::copy, &TextAreaView::copy>},
+    {"EditPaste", OnTextControl<ClipboardHasText, ClipboardHasText>,
+     OnTextControl<&QLineEdit::paste, &TextAreaView::paste>},
 }};
 
 /// The document window's text area, or null.
@@ -93,7 +52,7 @@ QPlainTextEdit* Results() {
 QWidget* Target(const EditCommand& command) {
   QWidget* focused = QApplication::focusWidget();
   if (focused != nullptr && command.canAct(*focused)) return focused;
-  const bool reachesResults = command.act == Undo || command.act == Redo;
+  const bool reachesResults = command.act == kUndo || command.act == kRedo;
   QWidget* results = reachesResults ? Results() : nullptr;
   return results != nullptr && command.canAct(*results) ? results : nullptr;
 }

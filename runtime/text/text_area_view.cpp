@@ -189,7 +189,7 @@ void TextAreaView::Undo() {
   const int formerLength = TextLength();
   if (document()->isUndoAvailable()) {
     undo();
-  } else if (earlier_ != nullptr) {
+  } else {
     later_ = std::move(shown_);
     Show(std::move(earlier_));
     moveCursor(QTextCursor::End);
@@ -202,7 +202,7 @@ void TextAreaView::Redo() {
   const int formerLength = TextLength();
   if (document()->isRedoAvailable()) {
     redo();
-  } else if (later_ != nullptr) {
+  } else {
     earlier_ = std::move(shown_);
     Show(std::move(later_));
     moveCursor(QTextCursor::Start);
