@@ -167,6 +167,15 @@ class Program:
         field = find(self.active(), "text", name)
         wait_for(text, lambda: text_of(field))
 
+    def list_anew(self, mass):
+        """The listing of a mass, which then stands alone in the results, with the focus in it."""
+        self.press("Escape")
+        self.fill("Mass:", mass)
+        self.press("Return")
+        wait_until(lambda: text_of(self.results).endswith("\n\n\n"), f"mass {mass} is listed")
+        self.tab_to("text", "Results")
+        return text_of(self.results)
+
     def printed(self):
         """Prints the results as the dialogs offer it, into a PDF; its words."""
         self.press("ctrl+p")

@@ -53,20 +53,31 @@ std::string Cell(int row, int column) {
 
 // What can be seen of the windows: which are shown, 1 to 3, then + for the box "Additional
 // elements", * for the menu mark of the isotopes, the popup's row, the editor's and the list's.
-std::string State(const Program& program) {
+std::string State(const TextWindow& main) {
   std::string state;
   if (Program::Shown(Window1::Instance())) state += '1';
   if (Program::Shown(Window2::Instance())) state += '2';
   if (Program::Shown(Window3::Instance())) state += '3';
-  if (program.Main().CheckBox2.Value()) state += '+';
+  if (main.CheckBox2.Value()) state += '+';
   if (Program::Marked("FileElementdata")) state += '*';
   return state + " " + std::to_string(Window1::Instance().PopupMenu1.SelectedRowIndex()) + " " +
          Window2::Instance().textfield2.Text() + " " +
          std::to_string(Window3::Instance().ListBox1.SelectedRowIndex());
 }
 
-TEST(ElementEditors, GoThroughTheirStates) {
-  Program program;
+class ElementEditors : public ProgramTest {
+ protected:
+  ElementEditors() {
+    counts_.Hide();
+    editor_.Hide();
+  }
+
+  Window1& counts_ = Window1::Instance();
+  Window2& editor_ = Window2::Instance();
+  Window3& isotopes_ = Window3::Instance();
+};
+
+TEST_F(ElementEditors, GoThroughTheirStates) {
   struct Step {
     const char* what;
     std::function<void()> act;
@@ -75,73 +86,63 @@ TEST(ElementEditors, GoThroughTheirStates) {
   const auto altF4 = [](DesktopWindow& window) {
     return [&] { ToolkitSide::Of(window)->close(); };
   };
-  TextWindow& main = program.Main();
-  Window1& counts = Window1::Instance();
-  Window2& editor = Window2::Instance();
-  Window3& isotopes = Window3::Instance();
   const std::vector<Step> steps{
       {"box turned on and off",
        [&] {
-         Program::Click(main.CheckBox2);
-         Program::Click(main.CheckBox2);
+         Program::Click(main_.CheckBox2);
+         Program::Click(main_.CheckBox2);
        },
        " 0  -1"},
-      {"box turned on", [&] { Program::Click(main.CheckBox2); }, "1+ 0  -1"},
-      {"caption of Br", [&] { Program::Click(counts.Label3(2)); }, "13+* 0  -1"},
+      {"box turned on", [&] { Program::Click(main_.CheckBox2); }, "1+ 0  -1"},
+      {"caption of Br", [&] { Program::Click(counts_.Label3(2)); }, "13+* 0  -1"},
       {"isotopes by the menu", [] { Program::Choose("FileElementdata"); }, "1+ 0  -1"},
-      {"isotopes by the button", [&] { Program::Click(counts.PushButton4); }, "13+* 0  -1"},
+      {"isotopes by the button", [&] { Program::Click(counts_.PushButton4); }, "13+* 0  -1"},
       {"popup row of C", [] { ChooseRow(1); }, "123+* 1 0 0"},
       {"wheel on the closed popup", TurnWheelOnPopup, "123+* 1 0 0"},
       {"Down on the popup", [] { OpenBy(Qt::Key_Down, "C"); }, "123+* 1 0 0"},
       {"double click on S", [] { DoubleClickRow(10); }, "123+* 11 10 10"},
       {"S on the popup: the next row, round the end", [] { OpenBy(Qt::Key_S, "Si"); },
        "123+* 11 10 10"},
-      {"close key on the editor", altF4(editor), "123+* 11 10 10"},
-      {"Cancel", [&] { Program::Click(editor.PushButton1); }, "13+* 0 10 10"},
-      {"close key on the isotopes", altF4(isotopes), "13+* 0 10 10"},
-      {"Return on the selected row", [&] { Program::Key(isotopes.ListBox1, Qt::Key_Return); },
+      {"close key on the editor", altF4(editor_), "123+* 11 10 10"},
+      {"Cancel", [&] { Program::Click(editor_.PushButton1); }, "13+* 0 10 10"},
+      {"close key on the isotopes", altF4(isotopes_), "13+* 0 10 10"},
+      {"Return on the selected row", [&] { Program::Key(isotopes_.ListBox1, Qt::Key_Return); },
        "123+* 11 10 10"},
       {"popup row of Cl", [] { ChooseRow(6); }, "123+* 6 5 5"},
       {"Space on two rows",
        [&] {
-         Program::Key(isotopes.ListBox1, Qt::Key_Down, Qt::ShiftModifier);
-         Program::Key(isotopes.ListBox1, Qt::Key_Space);
+         Program::Key(isotopes_.ListBox1, Qt::Key_Down, Qt::ShiftModifier);
+         Program::Key(isotopes_.ListBox1, Qt::Key_Space);
        },
        "123+* 7 6 6"},
       {"title row of the popup", [] { ChooseRow(0); }, "123+* 0 6 -1"},
-      {"Return on no row", [&] { Program::Key(isotopes.ListBox1, Qt::Key_Return); },
+      {"Return on no row", [&] { Program::Key(isotopes_.ListBox1, Qt::Key_Return); },
        "123+* 0 6 -1"},
-      {"Close of the isotopes", [&] { Program::Click(isotopes.PushButton1); }, "12+ 0 6 -1"},
-      {"isotopes from the editor", [&] { Program::Click(editor.PushButton3); }, "123+* 0 6 -1"},
+      {"Close of the isotopes", [&] { Program::Click(isotopes_.PushButton1); }, "12+ 0 6 -1"},
+      {"isotopes from the editor", [&] { Program::Click(editor_.PushButton3); }, "123+* 0 6 -1"},
       {"box turned off", [&] { Program::Choose("FileAdditionalelements"); }, "3* 0 6 -1"},
       {"double click on Xx", [] { DoubleClickRow(12); }, "23* 13 12 12"},
-      {"Change", [&] { Program::Click(editor.PushButton2); }, "13* 0 12 12"},
-      {"close key on the counts", altF4(counts), "13* 0 12 12"},
-      {"Close of the counts", [&] { Program::Click(counts.PushButton1); }, "3* 0 12 12"},
+      {"Change", [&] { Program::Click(editor_.PushButton2); }, "13* 0 12 12"},
+      {"close key on the counts", altF4(counts_), "13* 0 12 12"},
+      {"Close of the counts", [&] { Program::Click(counts_.PushButton1); }, "3* 0 12 12"},
       {"isotopes by the menu again", [] { Program::Choose("FileElementdata"); }, " 0 12 12"},
   };
-  counts.Hide();
-  editor.Hide();
   for (const Step& step : steps) {
     step.act();
     QApplication::processEvents();
-    EXPECT_EQ(State(program), step.state) << step.what;
+    EXPECT_EQ(State(main_), step.state) << step.what;
   }
 }
 
-TEST(ElementEditors, MakeSodiumOfXAndListIt) {
-  Program program;
-  TextWindow& main = program.Main();
-  Program::Click(main.CheckBox2);
-  Window1& counts = Window1::Instance();
-  Program::Type(counts.textfield1(1), "1");
-  Program::Type(counts.textfield1(6), "2");
+TEST_F(ElementEditors, MakeSodiumOfXAndListIt) {
+  Program::Click(main_.CheckBox2);
+  Program::Type(counts_.textfield1(1), "1");
+  Program::Type(counts_.textfield1(6), "2");
   Program::Choose("FileElementdata");
   DoubleClickRow(11);
-  Window2& editor = Window2::Instance();
   std::string changed;
   const QAbstractItemModel& list =
-      *static_cast<QAbstractItemView&>(*ToolkitSide::Of(Window3::Instance().ListBox1)).model();
+      *static_cast<QAbstractItemView&>(*ToolkitSide::Of(isotopes_.ListBox1)).model();
   QObject::connect(&list, &QAbstractItemModel::dataChanged, [&](auto& cell) {
     changed += std::to_string(cell.row()) + '.' + std::to_string(cell.column()) + ' ';
   });
@@ -152,111 +153,99 @@ TEST(ElementEditors, MakeSodiumOfXAndListIt) {
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
   }
   EXPECT_EQ(Cell(11, 0), "X") << "the table changes at Change only";
-  Program::Click(editor.PushButton2);
+  Program::Click(editor_.PushButton2);
   for (int column = 0; column < 6; ++column) EXPECT_EQ(Cell(11, column), sodium[column]);
   EXPECT_EQ(changed, "11.0 11.1 11.2 11.3 11.4 11.5 ") << "what the list shows anew";
-  EXPECT_EQ(counts.Label3(7).Text(), "Na");
-  EXPECT_EQ(counts.PopupMenu1.RowTextAt(12), "Na");
-  EXPECT_EQ(counts.PopupMenu1.RowCount(), 14);
-  Program::Type(counts.textfield1(7), "1");
-  Program::Type(main.textfield1, "138");
+  EXPECT_EQ(counts_.PopupMenu1.RowCount(), 14);
+  Program::Type(counts_.textfield1(7), "1");
+  Program::Type(main_.textfield1, "138");
   Program::Choose("FileClear");
-  Program::Click(counts.PushButton3);
-  EXPECT_EQ(program.Results(),
+  Program::Click(counts_.PushButton3);
+  EXPECT_EQ(program_.Results(),
             "1 Cl\r2 S\r1 Na\r"
             "    MASS    16  C  H  N  O    M+1    M+2  RDB\r"
             "   ----------- -- -- -- --   ----   ----  ---\r"
             "   1) 137.8977           1   1.64  41.29   .0\n"
             "\r\r");
-  for (int i = 0; i < 9; ++i) Program::Type(counts.textfield1(i), "7");
-  Program::Click(counts.PushButton2);
-  for (int i = 0; i < 9; ++i) EXPECT_EQ(counts.textfield1(i).Text(), "0");
+  for (int i = 0; i < 9; ++i) Program::Type(counts_.textfield1(i), "7");
+  Program::Click(counts_.PushButton2);
+  for (int i = 0; i < 9; ++i) EXPECT_EQ(counts_.textfield1(i).Text(), "0");
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_8);
-  EXPECT_EQ(counts.textfield1(8).Text(), "8") << "a click selects the field in use";
+  EXPECT_EQ(counts_.textfield1(8).Text(), "8") << "a click selects the field in use";
 }
 
-TEST(ElementEditors, TakeWhateverIsTyped) {
-  Program program;
-  Program::Click(program.Main().CheckBox2);
-  Window1& counts = Window1::Instance();
-  Window2& editor = Window2::Instance();
+TEST_F(ElementEditors, TakeWhateverIsTyped) {
+  Program::Click(main_.CheckBox2);
   const std::string longName(10'000, 'm');
   for (const std::string& text :
        {std::string("<b>x</b>"), std::string("A&B"), longName, std::string("a\nb"), std::string(),
         std::string("1e39"), std::string("-100")}) {
     for (const int row : {0, 3, 4, 12}) {
       ChooseRow(row + 1);
-      for (int column = 0; column < 6; ++column) editor.textfield1(column).Text(text);
-      Program::Click(editor.PushButton2);
+      for (int column = 0; column < 6; ++column) editor_.textfield1(column).Text(text);
+      Program::Click(editor_.PushButton2);
       for (int column = 0; column < 6; ++column) ASSERT_EQ(Cell(row, column), text);
-      ASSERT_EQ(counts.PopupMenu1.RowTextAt(row + 1), text);
+      ASSERT_EQ(counts_.PopupMenu1.RowTextAt(row + 1), text);
       if (row >= 4) {
-        ASSERT_EQ(counts.Label3(row - 4).Text(), text);
-        const QWidget& label = *ToolkitSide::Of(counts.Label3(row - 4));
+        ASSERT_EQ(counts_.Label3(row - 4).Text(), text);
+        const QWidget& label = *ToolkitSide::Of(counts_.Label3(row - 4));
         const QSize typed = label.fontMetrics().size(0, QString::fromStdString(text));
         EXPECT_GE(label.sizeHint().width(), typed.width());
       }
-      counts.textfield1(8).Text(text);
-      Program::Click(counts.PushButton3);
-      ASSERT_EQ(counts.textfield1(8).Text(), text);
+      counts_.textfield1(8).Text(text);
+      Program::Click(counts_.PushButton3);
+      ASSERT_EQ(counts_.textfield1(8).Text(), text);
       Program::Choose("FileClear");
     }
-    EXPECT_EQ(counts.Label1.Text(), "Elements other than " + text + ", H, N, " + text);
+    EXPECT_EQ(counts_.Label1.Text(), "Elements other than " + text + ", H, N, " + text);
   }
-  program.Main().textfield1.Text(std::string(40'000, '1'));
-  EXPECT_EQ(program.Main().textfield1.Text().size(), 40'000U);
+  main_.textfield1.Text(std::string(40'000, '1'));
+  EXPECT_EQ(main_.textfield1.Text().size(), 40'000U);
 }
 
-TEST(ElementEditors, ChangeNothingWithoutARow) {
-  Program program;
-  Window1& counts = Window1::Instance();
-  Window2& editor = Window2::Instance();
+TEST_F(ElementEditors, ChangeNothingWithoutARow) {
   for (const char* row : {"99", "-1", "13", "1e300", "-1e300", "2147483647", "4294967296"}) {
-    editor.Edit(12);
-    editor.textfield1(0).Text("?");
-    editor.textfield2.Text(row);
-    Program::Click(editor.PushButton2);
-    EXPECT_FALSE(Program::Shown(editor)) << row;
+    editor_.Edit(12);
+    editor_.textfield1(0).Text("?");
+    editor_.textfield2.Text(row);
+    Program::Click(editor_.PushButton2);
+    EXPECT_FALSE(Program::Shown(editor_)) << row;
     std::string names;
-    for (int i = 0; i < 13; ++i) names += Cell(i, 0) + counts.PopupMenu1.RowTextAt(i + 1);
+    for (int i = 0; i < 13; ++i) names += Cell(i, 0) + counts_.PopupMenu1.RowTextAt(i + 1);
     EXPECT_EQ(names, "CCHHNNOOFFClClBrBrIISiSiPPSSXXXxXx") << row;
-    EXPECT_EQ(counts.PopupMenu1.RowCount(), 14) << row;
-    EXPECT_EQ(counts.Label3(8).Text(), "Xx") << row;
+    EXPECT_EQ(counts_.PopupMenu1.RowCount(), 14) << row;
+    EXPECT_EQ(counts_.Label3(8).Text(), "Xx") << row;
   }
 }
 
-TEST(ElementEditors, GoBackToTheWindowThatTheyWereOpenedFrom) {
-  Program program;
+TEST_F(ElementEditors, GoBackToTheWindowThatTheyWereOpenedFrom) {
   Program::Choose("FileElementdata");
-  Program::Click(program.Main().CheckBox2);
-  Window1& counts = Window1::Instance();
-  Window2& editor = Window2::Instance();
-  Window3& isotopes = Window3::Instance();
+  Program::Click(main_.CheckBox2);
   const auto inFront = [] {
     QApplication::processEvents();
     return QApplication::activeWindow();
   };
   for (const bool fromIsotopes : {false, true}) {
     const auto open = [&] {
-      Program::Focus(counts.textfield1(3));
-      if (fromIsotopes) Program::Focus(isotopes.ListBox1);
+      Program::Focus(counts_.textfield1(3));
+      if (fromIsotopes) Program::Focus(isotopes_.ListBox1);
       fromIsotopes ? DoubleClickRow(4) : ChooseRow(5);
-      EXPECT_EQ(inFront(), ToolkitSide::Of(editor));
+      EXPECT_EQ(inFront(), ToolkitSide::Of(editor_));
     };
     open();
-    Program::Key(editor.PushButton1, Qt::Key_Space);
-    EXPECT_EQ(inFront(), fromIsotopes ? ToolkitSide::Of(isotopes) : ToolkitSide::Of(counts));
+    Program::Key(editor_.PushButton1, Qt::Key_Space);
+    EXPECT_EQ(inFront(), fromIsotopes ? ToolkitSide::Of(isotopes_) : ToolkitSide::Of(counts_));
     open();
-    Program::Click(editor.PushButton2);
-    EXPECT_EQ(inFront(), ToolkitSide::Of(counts));
+    Program::Click(editor_.PushButton2);
+    EXPECT_EQ(inFront(), ToolkitSide::Of(counts_));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_7);
-    EXPECT_EQ(counts.textfield1(0).Text(), "7");
+    EXPECT_EQ(counts_.textfield1(0).Text(), "7");
   }
-  Program::Click(counts.PushButton1);
-  EXPECT_EQ(inFront(), ToolkitSide::Of(program.Main()));
+  Program::Click(counts_.PushButton1);
+  EXPECT_EQ(inFront(), ToolkitSide::Of(main_));
 }
 
-TEST(ElementEditors, PlaceThemselvesOnceBesideTheMainWindow) {
+TEST(Panels, PlaceThemselvesOnceBesideTheMainWindow) {
   for (const int left : {40, 700}) {
     Program program;
     TextWindow& main = program.Main();
