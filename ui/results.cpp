@@ -26,19 +26,13 @@ class WindowControls : public RunControls {
 }  // namespace
 
 void Module1::Print(std::string_view text) {
-  DesktopTextArea& results = TextWindow::Instance().textfield2;
-  results.AsOneStep([&] {
-    results.SelectedText(text);
-    results.SelectedText("\r");
-  });
+  TextWindow::Instance().textfield2.SelectedText(std::string(text) + '\r');
 }
 
 void Module1::Print(const Listing& listing) {
   DesktopTextArea& results = TextWindow::Instance().textfield2;
-  results.AsOneStep([&] {
-    results.SelectedText(listing.Length(), [&listing](const auto& take) { listing.Write(take); });
-    results.SelectedText("\r");
-  });
+  results.SelectedText(listing.Length(), [&listing](const auto& take) { listing.Write(take); });
+  results.SelectedText("\r");
 }
 
 void Module1::calculate() {
