@@ -1,10 +1,9 @@
-// Whole runs on random masses, counts and cells, held against the literal run: as a libFuzzer
-// target, or as a program of its own that takes a number of cases and a seed.
+// Whole runs on random masses, counts and cells, held against the literal run. Takes a number of
+// cases and a seed.
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <random>
-#include <vector>
 
 #include "engine/global_strings.h"
 #include "tests/support/literal_run.h"
@@ -19,11 +18,10 @@ constexpr const char* kOddTexts[] = {
     "1e30", "-1e30", "1e39",  "-1e39", "1e-46", "0.001",  "9223372036854775807"};
 constexpr const char* kNames[] = {"", "Q", "Abcd", "\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9"};
 
-/// Small numbers drawn from the input, 0 from its end on.
 class Choices {
  public:
-  Choices(const std::uint8_t* data, std::size_t size) : next_(data), end_(data + size) {}
-  int Below(int n) { return next_ == end_ ? 0 : *next_++ % n; }
+  explicit Choices(unsigned seed) : random_(seed) {}
+  int Below(std::size_t n) { return static_cast<int>(random_() % n); }
   std::string Number() {
     const int kind = Below(8);
     if (kind == 0) return kOddTexts[Below(std::size(kOddTexts))];
@@ -39,11 +37,10 @@ class Choices {
   }
 
  private:
-  const std::uint8_t* next_;
-  const std::uint8_t* end_;
+  std::mt19937 random_;
 };
 
-PlainControls MakeControls(Choices choices) {
+PlainControls MakeControls(Choices& choices) {
   PlainControls controls;
   const int least = choices.Below(32) == 0 ? 200 : 0;
   controls.mass =
@@ -73,10 +70,10 @@ PlainControls MakeControls(Choices choices) {
   return controls;
 }
 
-void Check(const std::uint8_t* data, std::size_t size) {
+void Check(Choices& choices) {
   constexpr std::int64_t kPasses = 20'000;
   Module1::CR = "\n";
-  PlainControls controls = MakeControls({data, size});
+  PlainControls controls = MakeControls(choices);
   PlainControls expected = controls;
   // The engine takes at most four times the passes of the literal run.
   Module1::calculate(controls, {kPasses, 4 * kPasses});
@@ -90,20 +87,9 @@ void Check(const std::uint8_t* data, std::size_t size) {
 }  // namespace
 }  // namespace peakwright
 
-#ifdef PEAKWRIGHT_LIBFUZZER
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  peakwright::Check(data, size);
-  return 0;
-}
-#else
 int main(int argc, char** argv) {
   const long cases = argc > 1 ? std::atol(argv[1]) : 1000;
-  std::mt19937 random(argc > 2 ? static_cast<unsigned>(std::atol(argv[2])) : 1);
-  std::vector<std::uint8_t> data(1024);
-  for (long i = 0; i < cases; ++i) {
-    for (std::uint8_t& byte : data) byte = static_cast<std::uint8_t>(random());
-    peakwright::Check(data.data(), data.size());
-  }
+  peakwright::Choices choices(argc > 2 ? static_cast<unsigned>(std::atol(argv[2])) : 1);
+  for (long i = 0; i < cases; ++i) peakwright::Check(choices);
   std::printf("%ld cases agree.\n", cases);
 }
-#endif
