@@ -83,51 +83,46 @@ TEST_F(ElementEditors, GoThroughTheirStates) {
     std::function<void()> act;
     const char* state;
   };
+  const auto click = [](const DesktopUIControl& control) {
+    return [&] { Program::Click(control); };
+  };
+  const auto key = [this](Qt::Key pressed, Qt::KeyboardModifiers with = {}) {
+    return [=, this] { Program::Key(isotopes_.ListBox1, pressed, with); };
+  };
   const auto altF4 = [](DesktopWindow& window) {
     return [&] { ToolkitSide::Of(window)->close(); };
   };
-  const std::vector<Step> steps{
-      {"box turned on and off",
-       [&] {
-         Program::Click(main_.CheckBox2);
-         Program::Click(main_.CheckBox2);
-       },
-       " 0  -1"},
-      {"box turned on", [&] { Program::Click(main_.CheckBox2); }, "1+ 0  -1"},
-      {"caption of Br", [&] { Program::Click(counts_.Label3(2)); }, "13+* 0  -1"},
-      {"isotopes by the menu", [] { Program::Choose("FileElementdata"); }, "1+ 0  -1"},
-      {"isotopes by the button", [&] { Program::Click(counts_.PushButton4); }, "13+* 0  -1"},
-      {"popup row of C", [] { ChooseRow(1); }, "123+* 1 0 0"},
-      {"wheel on the closed popup", TurnWheelOnPopup, "123+* 1 0 0"},
-      {"Down on the popup", [] { OpenBy(Qt::Key_Down, "C"); }, "123+* 1 0 0"},
-      {"double click on S", [] { DoubleClickRow(10); }, "123+* 11 10 10"},
-      {"S on the popup: the next row, round the end", [] { OpenBy(Qt::Key_S, "Si"); },
-       "123+* 11 10 10"},
-      {"close key on the editor", altF4(editor_), "123+* 11 10 10"},
-      {"Cancel", [&] { Program::Click(editor_.PushButton1); }, "13+* 0 10 10"},
-      {"close key on the isotopes", altF4(isotopes_), "13+* 0 10 10"},
-      {"Return on the selected row", [&] { Program::Key(isotopes_.ListBox1, Qt::Key_Return); },
-       "123+* 11 10 10"},
-      {"popup row of Cl", [] { ChooseRow(6); }, "123+* 6 5 5"},
-      {"Space on two rows",
-       [&] {
-         Program::Key(isotopes_.ListBox1, Qt::Key_Down, Qt::ShiftModifier);
-         Program::Key(isotopes_.ListBox1, Qt::Key_Space);
-       },
-       "123+* 7 6 6"},
-      {"title row of the popup", [] { ChooseRow(0); }, "123+* 0 6 -1"},
-      {"Return on no row", [&] { Program::Key(isotopes_.ListBox1, Qt::Key_Return); },
-       "123+* 0 6 -1"},
-      {"Close of the isotopes", [&] { Program::Click(isotopes_.PushButton1); }, "12+ 0 6 -1"},
-      {"isotopes from the editor", [&] { Program::Click(editor_.PushButton3); }, "123+* 0 6 -1"},
-      {"box turned off", [&] { Program::Choose("FileAdditionalelements"); }, "3* 0 6 -1"},
-      {"double click on Xx", [] { DoubleClickRow(12); }, "23* 13 12 12"},
-      {"Change", [&] { Program::Click(editor_.PushButton2); }, "13* 0 12 12"},
-      {"close key on the counts", altF4(counts_), "13* 0 12 12"},
-      {"Close of the counts", [&] { Program::Click(counts_.PushButton1); }, "3* 0 12 12"},
-      {"isotopes by the menu again", [] { Program::Choose("FileElementdata"); }, " 0 12 12"},
-  };
-  for (const Step& step : steps) {
+  for (const Step& step : std::vector<Step>{
+           {"box turned on", click(main_.CheckBox2), "1+ 0  -1"},
+           {"box turned off", click(main_.CheckBox2), " 0  -1"},
+           {"box turned on", click(main_.CheckBox2), "1+ 0  -1"},
+           {"caption of Br", click(counts_.Label3(2)), "13+* 0  -1"},
+           {"isotopes by the menu", [] { Program::Choose("FileElementdata"); }, "1+ 0  -1"},
+           {"isotopes by the button", click(counts_.PushButton4), "13+* 0  -1"},
+           {"popup row of C", [] { ChooseRow(1); }, "123+* 1 0 0"},
+           {"wheel on the closed popup", TurnWheelOnPopup, "123+* 1 0 0"},
+           {"Down on the popup", [] { OpenBy(Qt::Key_Down, "C"); }, "123+* 1 0 0"},
+           {"double click on S", [] { DoubleClickRow(10); }, "123+* 11 10 10"},
+           {"S on the popup: the next row, round the end", [] { OpenBy(Qt::Key_S, "Si"); },
+            "123+* 11 10 10"},
+           {"close key on the editor", altF4(editor_), "123+* 11 10 10"},
+           {"Cancel", click(editor_.PushButton1), "13+* 0 10 10"},
+           {"close key on the isotopes", altF4(isotopes_), "13+* 0 10 10"},
+           {"Return on the selected row", key(Qt::Key_Return), "123+* 11 10 10"},
+           {"popup row of Cl", [] { ChooseRow(6); }, "123+* 6 5 5"},
+           {"the next row too", key(Qt::Key_Down, Qt::ShiftModifier), "123+* 6 5 6"},
+           {"Space on it", key(Qt::Key_Space), "123+* 7 6 6"},
+           {"title row of the popup", [] { ChooseRow(0); }, "123+* 0 6 -1"},
+           {"Return on no row", key(Qt::Key_Return), "123+* 0 6 -1"},
+           {"Close of the isotopes", click(isotopes_.PushButton1), "12+ 0 6 -1"},
+           {"isotopes from the editor", click(editor_.PushButton3), "123+* 0 6 -1"},
+           {"box turned off", [&] { Program::Choose("FileAdditionalelements"); }, "3* 0 6 -1"},
+           {"double click on Xx", [] { DoubleClickRow(12); }, "23* 13 12 12"},
+           {"Change", click(editor_.PushButton2), "13* 0 12 12"},
+           {"close key on the counts", altF4(counts_), "13* 0 12 12"},
+           {"Close of the counts", click(counts_.PushButton1), "3* 0 12 12"},
+           {"isotopes by the menu again", [] { Program::Choose("FileElementdata"); }, " 0 12 12"},
+       }) {
     step.act();
     QApplication::processEvents();
     EXPECT_EQ(State(main_), step.state) << step.what;
