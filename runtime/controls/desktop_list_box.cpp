@@ -110,8 +110,7 @@ int DesktopListBox::SelectedRowIndex() const {
 
 void DesktopListBox::SelectedRowIndex(int row) {
   if (row < 0) {
-    Native<QTableView>().clearSelection();
-    Native<QTableView>().setCurrentIndex({});
+    Native<QTableView>().selectionModel()->clear();
   } else {
     Native<QTableView>().selectRow(row);
   }
