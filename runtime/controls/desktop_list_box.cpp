@@ -52,7 +52,6 @@ class NativeList : public QTableView {
   explicit NativeList(const DesktopListBox& owner) : owner_(owner) {
     setSelectionBehavior(SelectRows);
     setSelectionMode(SingleSelection);
-    setEditTriggers(NoEditTriggers);
     setTabKeyNavigation(false);
     setShowGrid(false);
     setWordWrap(false);

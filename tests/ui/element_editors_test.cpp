@@ -4,6 +4,7 @@
 #include <vector>
 
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QComboBox>
 #include <QScreen>
 #include <QWheelEvent>
@@ -45,6 +46,13 @@ void DoubleClickRow(int row) {
   const QPoint at = list.visualRect(cell).center();
   QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, at);
   QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, at);
+}
+
+/// What assistive tools call a control.
+std::string NameOf(const DesktopUIControl& control) {
+  return QAccessible::queryAccessibleInterface(ToolkitSide::Of(control))
+      ->text(QAccessible::Name)
+      .toStdString();
 }
 
 std::string Cell(int row, int column) {
@@ -102,6 +110,7 @@ TEST_F(ElementEditors, GoThroughTheirStates) {
            {"popup row of C", [] { ChooseRow(1); }, "123+* 1 0 0"},
            {"wheel on the closed popup", TurnWheelOnPopup, "123+* 1 0 0"},
            {"Down on the popup", [] { OpenBy(Qt::Key_Down, "C"); }, "123+* 1 0 0"},
+           {"Up on the popup", [] { OpenBy(Qt::Key_Up, "C"); }, "123+* 1 0 0"},
            {"double click on S", [] { DoubleClickRow(10); }, "123+* 11 10 10"},
            {"S on the popup: the next row, round the end", [] { OpenBy(Qt::Key_S, "Si"); },
             "123+* 11 10 10"},
@@ -184,6 +193,7 @@ TEST_F(ElementEditors, TakeWhateverIsTyped) {
       ASSERT_EQ(counts_.PopupMenu1.RowTextAt(row + 1), text);
       if (row >= 4) {
         ASSERT_EQ(counts_.Label3(row - 4).Text(), text);
+        ASSERT_EQ(NameOf(counts_.textfield1(row - 4)), text);
         const QWidget& label = *ToolkitSide::Of(counts_.Label3(row - 4));
         const QSize typed = label.fontMetrics().size(0, QString::fromStdString(text));
         EXPECT_GE(label.sizeHint().width(), typed.width());
