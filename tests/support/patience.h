@@ -1,14 +1,24 @@
 #pragma once
 
-#include <QTest>
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QTimer>
 
 namespace peakwright {
 
-/// Waits until it holds, or longer than the busiest machine takes. Tells whether it does.
+constexpr int kPatience = 60'000;  // ms, longer than the busiest machine takes.
+
+/// Waits until it holds, but not without end. Tells whether it does.
 template <typename Condition>
 bool WaitFor(const Condition& holds) {
-  constexpr int kPatience = 60'000;  // ms
-  return QTest::qWaitFor(holds, kPatience);
+  QTimer look;  // For what no event tells of.
+  look.start(10);
+  const QDeadlineTimer end(kPatience);
+  while (!holds() && !end.hasExpired()) {
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+  return holds();
 }
 
 }  // namespace peakwright

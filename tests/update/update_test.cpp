@@ -51,12 +51,14 @@ class Update : public testing::Test {
     server_.replies["/peakwright_version.txt"] = {Http("1.71"), Close};
   }
 
-  std::string Fetch(const std::string& url, std::chrono::milliseconds timeout = 60s) {
-    std::optional<std::string> answer;
+  void Ask(const std::string& url, std::chrono::milliseconds timeout = 60s) {
+    answer_.reset();
     connection_.SendSync("GET", url, timeout, 1000,
-                         [&](const auto& body) { answer = body.value_or("fails"); });
-    EXPECT_TRUE(WaitFor([&] { return answer.has_value(); }));
-    return answer.value_or("");
+                         [this](const auto& body) { answer_ = body.value_or("fails"); });
+  }
+  std::string Answer() {
+    EXPECT_TRUE(WaitFor([&] { return answer_.has_value(); }));
+    return answer_.value_or("");
   }
 
   /// Downloads over a file that says "fails", and gives what it says afterwards.
@@ -121,6 +123,7 @@ class Update : public testing::Test {
   URLConnection connection_;
   bool connected_ = true;
   mutable std::string opened_;
+  std::optional<std::string> answer_;
   std::string reason_;  // Of the last failure of a download.
 };
 
@@ -133,7 +136,7 @@ TEST_F(Update, TransfersAWholeBodyOrFails) {
   const QByteArray ok = "HTTP/1.1 200 OK\r\n", flood(110000, 'x');
   const struct {
     QByteArray path, reply;
-    std::string body, file = body;  // As Fetch gives one and Download the other.
+    std::string body, file = body;  // As Answer gives one and Download the other.
     Then then = Close;
     std::chrono::milliseconds timeout = 60s;
   } kCases[] = {
@@ -144,7 +147,7 @@ TEST_F(Update, TransfersAWholeBodyOrFails) {
       {"/404", Http("none", 4, "404 Not Found"), "none"},
       {"/500", Http("", 0, "500 Internal Server Error"), ""},
       {"/large", Http(large.c_str()), large.substr(0, 1000), large, Stay},
-      {"/slow", Http(slow.c_str()), "fails", slow, Trickle, 2500ms},
+      {"/slow", Http(slow.c_str()), "fails", slow, Trickle, 1500ms},
       {"/5", Redirect("/4"), "body"},
       {"/6", Redirect("/5"), "fails"},
       {"/less-safe", Redirect("http://" + host + "/body"), "fails"},
@@ -169,17 +172,20 @@ TEST_F(Update, TransfersAWholeBodyOrFails) {
   for (const char* hop : {"1/body", "2/1", "3/2", "4/3"}) {
     server_.replies[QByteArray("/") + hop[0]] = {Redirect(hop + 1), Close};
   }
-  EXPECT_EQ(Fetch(Module1::websource + "body"), "fails") << "not signed";
+  Ask(Module1::websource + "body");
+  EXPECT_EQ(Answer(), "fails") << "not signed";
   connection_.AllowCertificateValidation(false);
   QObject::connect(&bare, &QTcpServer::newConnection,
                    [&] { bare.nextPendingConnection()->write(Http("body")); });
   for (const auto& each : kCases) {
-    const QUrl url = QUrl(Module1::websource.c_str()).resolved(QUrl(each.path));
-    EXPECT_EQ(Fetch(url.toString().toStdString(), each.timeout), each.body) << each.path.data();
-    EXPECT_TRUE(Download(url.toString().toStdString(), each.timeout) == each.file)
-        << each.path.data();
+    const std::string url =
+        QUrl(Module1::websource.c_str()).resolved(QUrl(each.path)).toString().toStdString();
+    Ask(url, each.timeout);
+    EXPECT_TRUE(Download(url, each.timeout) == each.file) << each.path.data();
+    EXPECT_EQ(Answer(), each.body) << each.path.data();
   }
-  EXPECT_EQ(Fetch(Module1::websource + "5"), "body");
+  Ask(Module1::websource + "5");
+  EXPECT_EQ(Answer(), "body");
   EXPECT_EQ(server_.heads.back(), "GET /body HTTP/1.1\r\nHost: " + host +
                                       "\r\nUser-Agent: Peakwright\r\nAccept: */*\r\n\r\n");
 }
@@ -220,10 +226,12 @@ TEST_F(Update, AsksTheProxyThatTheSystemNames) {
   });
   QSemaphore found;
   QNetworkProxyFactory::setApplicationProxyFactory(new Proxies(proxy.serverPort(), found));
-  EXPECT_EQ(Fetch("https://far.example/body", 100ms), "fails");
+  Ask("https://far.example/body", 100ms);
+  EXPECT_EQ(Answer(), "fails");
   EXPECT_EQ(asked, "");
   found.release(2);
-  EXPECT_EQ(Fetch("https://far.example/body"), "fails") << "endless";
+  Ask("https://far.example/body");
+  EXPECT_EQ(Answer(), "fails") << "endless";
   EXPECT_TRUE(asked.startsWith("CONNECT far.example:443 ")) << asked.data();
   QNetworkProxyFactory::setApplicationProxyFactory(nullptr);
 }
@@ -309,7 +317,7 @@ TEST_F(Update, DownloadsAgainAfterAFailureThenOpensAndCloses) {
   QFile inUse(archive + ".part.InUsed");
   EXPECT_TRUE(inUse.open(QIODevice::ReadOnly) && flock(inUse.handle(), LOCK_EX) == 0);
   const mode_t mask = umask(0777);
-  server_.replies["/Peakwright.app.zip"] = {Http("archive of 20 bytes "), Trickle};
+  server_.replies["/Peakwright.app.zip"] = {Http("archive"), Trickle};
   QTest::keyClick(ToolkitSide::Of(Window()), Qt::Key_Return);
   EXPECT_EQ(Window().StaticText1.Text(), offer);
   ASSERT_TRUE(WaitFor([&] { return Window().ProgressBar1.Value() > 0; }));
