@@ -5,7 +5,6 @@
 #include <QKeyEvent>
 #include <QTableView>
 
-#include "runtime/application/toolkit_side.h"
 #include "runtime/desktop_application.h"
 #include "runtime/text/toolkit_strings.h"
 
@@ -92,7 +91,7 @@ DesktopListBox::DesktopListBox(DesktopWindow& window, const ControlLayout& layou
   list.horizontalHeader()->setFont(list.font());
   list.verticalHeader()->setDefaultSectionSize(list.fontMetrics().height() + 2);
   QObject::connect(&list, &QTableView::doubleClicked,
-                   [this] { ToolkitSide::RaiseInTurn(Native<QWidget>(), DoublePressed); });
+                   [this] { DesktopApplication::Current().Raise(DoublePressed); });
 }
 
 DesktopListBox::~DesktopListBox() { Native<QTableView>().setModel(nullptr); }

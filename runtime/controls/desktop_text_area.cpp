@@ -63,7 +63,6 @@ void DesktopTextArea::FontName(std::string_view name) {
   // A listing has nothing to shape, and is laid out more than twice as fast without.
   font.setStyleHint(QFont::Monospace,
                     QFont::StyleStrategy(QFont::PreferOutline | QFont::PreferNoShaping));
-  font.setFixedPitch(true);
   Native<TextAreaView>().setFont(font);
 }
 

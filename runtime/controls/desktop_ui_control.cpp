@@ -18,8 +18,6 @@ DesktopUIControl::DesktopUIControl(DesktopWindow& window, std::unique_ptr<QWidge
     : widget_(std::move(widget)) {
   widget_->setParent(window.Content());
   widget_->setFont(SystemFont(layout.FontSize, layout.Bold));
-  // A style may ask for more room than the layout gives; the layout holds.
-  widget_->setMinimumSize(0, 0);
   widget_->setGeometry(layout.Place.Left, layout.Place.Top, layout.Place.Width,
                        layout.Place.Height);
   widget_->setVisible(layout.Visible);

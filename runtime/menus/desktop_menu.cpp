@@ -37,7 +37,6 @@ DesktopMenuItem* NamedBelow(const std::vector<std::unique_ptr<DesktopMenuItem>>&
 
 DesktopMenuItem::DesktopMenuItem() : action_(std::make_unique<QAction>()) {
   action_->setMenuRole(QAction::NoRole);
-  action_->setShortcutContext(Qt::ApplicationShortcut);
   QObject::connect(action_.get(), &QAction::triggered, [this] {
     // The toolkit flips the mark by itself; here only the handler does.
     action_->setChecked(marked_);

@@ -9,7 +9,6 @@ from gi.repository import Atspi, GLib
 from private_desktop import PATIENCE, wait_for, wait_until
 
 STATE_ACTIVE = pyatspi.STATE_ACTIVE
-STATE_CHECKED = pyatspi.STATE_CHECKED
 STATE_FOCUSED = pyatspi.STATE_FOCUSED
 STATE_PRESSED = pyatspi.STATE_PRESSED
 STATE_SELECTED = pyatspi.STATE_SELECTED

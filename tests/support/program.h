@@ -61,7 +61,7 @@ class Program : public App {
     ToolkitSide::Of(*Menu::Instance().Lookup(menuItem))->trigger();
   }
   static bool Marked(const char* menuItem) {
-    return Menu::Instance().Lookup(menuItem)->HasCheckMark();
+    return ToolkitSide::Of(*Menu::Instance().Lookup(menuItem))->isChecked();
   }
   /// The box that shows exceptions, or null.
   static QMessageBox* Box() {

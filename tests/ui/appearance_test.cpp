@@ -207,6 +207,8 @@ TEST(Appearance, CanBeSeenLightDarkAndInHighContrast) {
       CheckOutlines(*ToolkitSide::ContentOf(*window));
     }
     EXPECT_GE(TextContrast(ToolkitSide::Of(Menu::Instance())->grab().toImage()), 4.5);
+    EXPECT_FALSE(
+        ToolkitSide::Of(WindowDownload::Instance().EditField1)->property("frame").toBool());
     ShowAppearance(false);
   }
 }

@@ -136,6 +136,7 @@ TEST_F(ElementEditors, GoThroughTheirStates) {
     step.act();
     QApplication::processEvents();
     EXPECT_EQ(State(main_), step.state) << step.what;
+    EXPECT_EQ(Program::Marked("FileAdditionalelements"), main_.CheckBox2.Value());
   }
 }
 
@@ -199,6 +200,7 @@ TEST_F(ElementEditors, TakeWhateverIsTyped) {
         EXPECT_GE(label.sizeHint().width(), typed.width());
       }
       counts_.textfield1(8).Text(text);
+      EXPECT_EQ(ToolkitSide::Of(counts_.textfield1(8))->property("cursorPosition"), 0);
       Program::Click(counts_.PushButton3);
       ASSERT_EQ(counts_.textfield1(8).Text(), text);
       Program::Choose("FileClear");
