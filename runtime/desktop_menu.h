@@ -48,7 +48,7 @@ class DesktopMenuItem {
   friend class DesktopQuitMenuItem;
   friend struct ToolkitSide;
 
-  /// Whether these keys stand for this item or one below, other than a platform's edit command.
+  /// Whether these keys stand for this item or one below.
   bool HasCommand(const QKeySequence& keys) const;
   /// The toolkit's menu of a title; made at the first call.
   QMenu& NativeMenu();
@@ -89,7 +89,7 @@ class DesktopMenuBar : public ImplicitInstance {
   friend class MenuKeys;
   friend struct ToolkitSide;
 
-  /// Whether these keys stand for an item, other than a platform's edit command.
+  /// Whether these keys stand for an item.
   bool HasCommand(const QKeySequence& keys) const;
 
   std::vector<std::unique_ptr<DesktopMenuItem>> titles_;

@@ -106,8 +106,7 @@ DesktopMenuItem* DesktopMenuItem::Lookup(std::string_view name) const {
 }
 
 bool DesktopMenuItem::HasCommand(const QKeySequence& keys) const {
-  const bool isOwn = handler_ != nullptr && canAct_ == nullptr;
-  return (isOwn && action_->shortcut() == keys) ||
+  return (handler_ != nullptr && action_->shortcut() == keys) ||
          std::any_of(children_.begin(), children_.end(),
                      [&](const auto& child) { return child->HasCommand(keys); });
 }
