@@ -38,8 +38,7 @@ void TellName(QMenuBar& bar, QMenu& menu) {
 void MenuKeys::Follow(QMenu& menu) {
   connect(&menu, &QMenu::aboutToShow, this, [this, &menu] {
     QMenuBar& bar = *ToolkitSide::Of(bar_);
-    QWidget* focused = bar.window()->focusWidget();
-    if (focused != &bar) focused_ = focused;
+    focused_ = bar.window()->focusWidget();
     if (!hasJustClosed_) return;
     QMetaObject::invokeMethod(
         &menu, [&] { TellName(bar, menu); }, Qt::QueuedConnection);
@@ -48,27 +47,14 @@ void MenuKeys::Follow(QMenu& menu) {
   connect(&menu, &QMenu::aboutToHide, this, &MenuKeys::LeaveBar, Qt::QueuedConnection);
 }
 
-bool MenuKeys::eventFilter(QObject* watched, QEvent* event) {
+bool MenuKeys::eventFilter(QObject*, QEvent* event) {
   const bool isKey = event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress;
   if (!isKey || QApplication::activePopupWidget() != nullptr) return false;
   auto& key = static_cast<QKeyEvent&>(*event);
-  if (event->type() == QEvent::ShortcutOverride) return TakesOver(key);
-  if (QApplication::activeModalWidget() != nullptr) return QObject::eventFilter(watched, event);
-  return Acts(key);
-}
-
-/// Keeps a control from taking a command's key for itself (in a text field of X11, Ctrl+U would
-/// delete what the user typed), and undo and redo from being taken for a menu's shortcut.
-bool MenuKeys::TakesOver(QKeyEvent& event) const {
-  if (bar_.HasCommand(event.keyCombination())) {
-    event.ignore();
-    return true;
-  }
-  if (QApplication::activeModalWidget() != nullptr || FindEditCommand(event) == nullptr) {
-    return false;
-  }
-  event.accept();
-  return true;
+  // Kept from the control, which would take a command's key for itself: in a text field of X11,
+  // Ctrl+U would delete what the user typed.
+  if (event->type() == QEvent::ShortcutOverride) return bar_.HasCommand(key.keyCombination());
+  return QApplication::activeModalWidget() == nullptr && Acts(key);
 }
 
 bool MenuKeys::Acts(const QKeyEvent& event) const {

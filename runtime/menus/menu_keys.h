@@ -21,10 +21,9 @@ class MenuKeys : public QObject {
   /// Closing this menu gives the focus back to what had it, instead of leaving it in the bar.
   void Follow(QMenu& menu);
 
-  bool eventFilter(QObject* watched, QEvent* event) override;
+  bool eventFilter(QObject*, QEvent* event) override;
 
  private:
-  bool TakesOver(QKeyEvent& event) const;
   bool Acts(const QKeyEvent& event) const;
   void LeaveBar();
 

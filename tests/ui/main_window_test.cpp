@@ -5,6 +5,7 @@
 
 #include <QAbstractScrollArea>
 #include <QClipboard>
+#include <QDialog>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
@@ -123,7 +124,11 @@ TEST_F(MainWindow, EditsByTheMenu) {
     EXPECT_EQ(Offered(*control), "Undo Paste ");
     for (const char* command : {"EditPaste", "EditPaste"}) Program::Choose(command);
     EXPECT_EQ(text(), "abab");
-    Program::Choose("EditUndo");
+    for (const char* before : {"ab", "", "ab", control == &main_.textfield1 ? "100" : ""}) {
+      Program::Choose("EditUndo");
+      EXPECT_EQ(text(), before);
+    }
+    QTest::keySequence(ToolkitSide::Of(*control), QKeySequence::Redo);
     EXPECT_EQ(text(), "ab");
     QApplication::clipboard()->clear();
   }
@@ -194,7 +199,10 @@ TEST_F(MainWindow, TakesItsKeysFromEveryWindow) {
     }
     Program::Key(*control, Qt::Key_U, Qt::ControlModifier);
     QTest::keyClick(&from, Qt::Key_J, Qt::AltModifier);
-    EXPECT_NE(from.property("text").toString(), "j");
+    QTest::keyClick(&from, Qt::Key_J, Qt::AltModifier | Qt::ShiftModifier);
+    EXPECT_FALSE(from.property("text").toString().contains('j', Qt::CaseInsensitive));
+    QTest::keyClick(&from, Qt::Key_F10, Qt::ShiftModifier);
+    ASSERT_EQ(QApplication::activePopupWidget(), nullptr) << "which asks for a context menu";
     QTest::keyClick(&from, Qt::Key_F10);
     ASSERT_EQ(QApplication::activePopupWidget(),
               &ToolkitSide::MenuOf(*Menu::Instance().Child("File")));
@@ -206,6 +214,13 @@ TEST_F(MainWindow, TakesItsKeysFromEveryWindow) {
     EXPECT_EQ(program_.Results(), kListing58);
   }
   EXPECT_EQ(checks, 6);
+  QDialog dialog(ToolkitSide::Of(main_));
+  dialog.open();
+  for (const QKeySequence& keys : {QKeySequence(Qt::Key_F10), QKeySequence(QKeySequence::Undo)}) {
+    QTest::keySequence(&dialog, keys);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    EXPECT_EQ(program_.Results(), kListing58) << "a dialog keeps its keys";
+  }
 }
 
 TEST_F(MainWindow, TakesTheNextMassAfterAnyClick) {
