@@ -130,7 +130,8 @@ class Assistive(unittest.TestCase):
         program = self.program
         program.tab_to("button", "Run")
         for key, *names in (("F10", "File"), ("Down", "File", "Print"), ("Right", "Edit"),
-                            ("Down", "Edit", "Undo"), ("Left", "File"), ("Escape", "Run")):
+                            ("Down", "Edit", "Undo"), ("Left", "File"), ("Escape", "Run"),
+                            ("F10", "File"), ("Down", "Run", "File", "Print")):
             program.press(key)
             wait_for(names, lambda: program.last_reached(len(names)))
 
