@@ -209,6 +209,7 @@ TEST_F(MainWindow, TakesItsKeysFromEveryWindow) {
     QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
     QApplication::processEvents();
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    EXPECT_EQ(ToolkitSide::Of(Menu::Instance())->activeAction(), nullptr);
     EXPECT_EQ(from.window()->focusWidget(), &from);
     EXPECT_FALSE(ToolkitSide::Of(main_)->focusWidget()->inherits("QMenuBar"));
     EXPECT_EQ(program_.Results(), kListing58);
