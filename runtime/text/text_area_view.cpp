@@ -144,6 +144,7 @@ void TextAreaView::AsOneStep(const std::function<void()>& write) {
   }
   const int anchor = textCursor().anchor();
   const int position = textCursor().position();
+  const int top = verticalScrollBar()->value();
   stepsBefore_ = document()->availableUndoSteps();
   isInStep_ = true;
   try {
@@ -151,14 +152,13 @@ void TextAreaView::AsOneStep(const std::function<void()>& write) {
     isInStep_ = false;
   } catch (...) {
     isInStep_ = false;
-    TakeBack(anchor, position);
+    TakeBack(anchor, position, top);
     throw;
   }
 }
 
-void TextAreaView::TakeBack(int anchor, int position) {
+void TextAreaView::TakeBack(int anchor, int position, int top) {
   const HeldStill held(*viewport());
-  const int top = verticalScrollBar()->value();
   while (document()->availableUndoSteps() > stepsBefore_) document()->undo();
   document()->clearUndoRedoStacks(QTextDocument::RedoStack);
   QTextCursor cursor = textCursor();

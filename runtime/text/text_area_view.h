@@ -75,7 +75,7 @@ class TextAreaView : public QPlainTextEdit {
 
   std::unique_ptr<QTextDocument> NewDocument();
   void Show(std::unique_ptr<QTextDocument> document);
-  void TakeBack(int anchor, int position);
+  void TakeBack(int anchor, int position, int top);
   void TellChange(int from, int removed, int added);
   void Recount();
   /// Throws if a line would be too long with `text` in the place of what stands between.
