@@ -98,7 +98,7 @@ void TextAreaView::Take(Unit unit, int position, int top) {
 }
 
 void TextAreaView::ExtendTaken(int position) {
-  if (unit_ == nullptr || taken_.isNull()) return;
+  if (unit_ == nullptr) return;
   const auto [start, end] = (this->*unit_)(position);
   const bool upwards = start < taken_.selectionStart();
   QTextCursor cursor = taken_;
@@ -106,6 +106,16 @@ void TextAreaView::ExtendTaken(int position) {
   cursor.setPosition(upwards ? start : std::max(end, taken_.selectionEnd()),
                      QTextCursor::KeepAnchor);
   setTextCursor(cursor);
+}
+
+void TextAreaView::ForgetClicks() {
+  // Until the next plain click the toolkit, too, extends what a double click took, in whichever
+  // document that was.
+  constexpr QPointF kFarOff(-10'000, -10'000);
+  QMouseEvent press(QEvent::MouseButtonPress, kFarOff, kFarOff, Qt::LeftButton, Qt::LeftButton, {});
+  QMouseEvent release(QEvent::MouseButtonRelease, kFarOff, kFarOff, Qt::LeftButton, {}, {});
+  mousePressEvent(&press);
+  mouseReleaseEvent(&release);
 }
 
 }  // namespace peakwright

@@ -205,7 +205,6 @@ void TextAreaView::Redo() {
   } else {
     earlier_ = std::move(shown_);
     Show(std::move(later_));
-    moveCursor(QTextCursor::Start);
   }
   if (Restored) Restored(formerLength);
 }
@@ -312,11 +311,11 @@ std::unique_ptr<QTextDocument> TextAreaView::NewDocument() {
 
 void TextAreaView::Show(std::unique_ptr<QTextDocument> made) {
   const int formerLength = TextLength();
-  taken_ = QTextCursor();
   setDocument(made.get());
   shown_ = std::move(made);
   if (shown_->defaultFont() != font()) shown_->setDefaultFont(font());
   Recount();
+  ForgetClicks();
   // The control would tell assistive tools of each change with its whole text.
   disconnect(document(), &QTextDocument::contentsChange, nullptr, nullptr);
   connect(document(), &QTextDocument::contentsChange, this,

@@ -86,6 +86,7 @@ class TextAreaView : public QPlainTextEdit {
   /// Selects the unit around a position, with the line `top` at the top of the view.
   void Take(Unit unit, int position, int top);
   void ExtendTaken(int position);
+  void ForgetClicks();
   LineCountingLayout& Layout() const;
   QTextLine LaidOutLine(const QTextBlock& block, int position) const;
 

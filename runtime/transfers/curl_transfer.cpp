@@ -117,12 +117,11 @@ void CurlTransfer::SetOptions(const QNetworkProxy& proxy) {
   const auto set = [this](CURLoption option, auto value) {
     curl_easy_setopt(easy_.get(), option, value);
   };
-  set(CURLOPT_URL, url_.toEncoded(QUrl::RemoveUserInfo | QUrl::RemoveFragment).constData());
+  set(CURLOPT_URL, url_.toEncoded().constData());
   set(CURLOPT_CUSTOMREQUEST, method_.c_str());
   set(CURLOPT_USERAGENT, "Peakwright");
   set(CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_1_1));
-  set(CURLOPT_PROTOCOLS_STR, "https");
-  set(CURLOPT_REDIR_PROTOCOLS_STR, "https");
+  set(CURLOPT_PROTOCOLS_STR, "https");  // After redirects, too.
   set(CURLOPT_FOLLOWLOCATION, 1L);
   set(CURLOPT_MAXREDIRS, kRedirects);
   set(CURLOPT_SSL_VERIFYPEER, validatesCertificate_ ? 1L : 0L);

@@ -132,6 +132,69 @@ TEST(TextArea, CountsAndScrollsByDisplayedLines) {
   EXPECT_TRUE(view.Text().starts_with(text));
 }
 
+TEST(TextArea, TakesClicksAndKeysAsTheUserSeesTheText) {
+  ShownView view;
+  view.InsertText("x\nab  \none two three\n" + Rows(500, '\n'));
+  view.verticalScrollBar()->setValue(0);
+  const auto pointOf = [&](int position) {
+    QTextCursor there = view.textCursor();
+    there.setPosition(position);
+    return view.cursorRect(there).center();
+  };
+  const auto selected = [&] { return view.textCursor().selectedText().toStdString(); };
+  QWidget* shown = view.viewport();
+  for (const auto& [position, word] : {std::pair{1, "x"}, {5, "  "}, {12, "two"}}) {
+    QTest::mouseDClick(shown, Qt::LeftButton, {}, pointOf(position));
+    EXPECT_EQ(selected(), word);
+  }
+  QTest::mouseClick(shown, Qt::RightButton, {}, pointOf(1));
+  QTest::mouseClick(shown, Qt::LeftButton, Qt::ShiftModifier, pointOf(17));
+  EXPECT_EQ(selected(), "two three");
+  QTest::mousePress(shown, Qt::LeftButton, {}, pointOf(17));
+  EXPECT_EQ(selected(), "two three") << "may be dragged";
+  QTest::mouseRelease(shown, Qt::LeftButton, {}, pointOf(17));
+  EXPECT_EQ(selected(), "");
+
+  const int page = view.verticalScrollBar()->pageStep();
+  QTest::keyClick(&view, Qt::Key_Home, Qt::ControlModifier);
+  for (int down = 0; down < page; ++down) QTest::keyClick(&view, Qt::Key_Down);
+  view.verticalScrollBar()->setValue(0);
+  QTest::keyClick(&view, Qt::Key_PageDown);
+  EXPECT_EQ(view.LineNumber(view.textCursor().position()), page) << "was out of view";
+
+  for (const auto& [key, with] :
+       {std::pair{Qt::Key_Return, Qt::NoModifier}, std::pair{Qt::Key_V, Qt::ControlModifier}}) {
+    QApplication::clipboard()->setText(QStringLiteral("pasted"));
+    view.verticalScrollBar()->setValue(300);
+    QTest::keyClick(&view, key, with);
+    EXPECT_TRUE(shown->rect().contains(view.cursorRect()));
+  }
+  view.selectAll();
+  QApplication::clipboard()->setImage(QImage(1, 1, QImage::Format_RGB32));
+  view.paste();
+  EXPECT_NE(view.Text(), "");
+
+  view.verticalScrollBar()->setValue(0);
+  QTest::mouseDClick(shown, Qt::LeftButton, {}, pointOf(12));
+  EXPECT_EQ(selected(), "two");
+  view.ReplaceText("");
+  view.InsertText("one two");
+  QTest::mouseClick(shown, Qt::LeftButton, Qt::ShiftModifier, pointOf(2));
+  EXPECT_EQ(selected(), "e two");
+  view.InsertText("x");
+  EXPECT_EQ(view.Text(), "onx");
+  view.setFont(QFont(QStringLiteral("Courier"), 30));
+  view.Undo();
+  view.Undo();
+  view.CheckLineCount();
+  EXPECT_EQ(view.document()->defaultFont(), view.font());
+  view.ReplaceText("");
+  for (int i = 0; i < 100; ++i) view.InsertText("\u0645\u0631\u062d\u0628\u0627 ");
+  view.verticalScrollBar()->setValue(0);
+  view.resize(300, 400);
+  EXPECT_EQ(view.verticalScrollBar()->value(), 0);
+}
+
 TEST(TextArea, BreaksLongLinesWhereTheToolkitWould) {
   for (const auto& [what, repeated] : {
            std::pair{"one word", "0123456789abc"},
