@@ -193,6 +193,16 @@ void OutlinedStyle::drawControl(ControlElement element, const QStyleOption* opti
 
 void OutlinedStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                        QPainter* painter, const QWidget* widget) const {
+  if (control == CC_ScrollBar) {
+    // The toolkit would draw track and slider in shades, by threads of its own, for which it waits
+    // without end where memory is too short for them.
+    QStyleOptionSlider ends = static_cast<const QStyleOptionSlider&>(*option);
+    ends.subControls &= SC_ScrollBarSubLine | SC_ScrollBarAddLine;
+    painter->fillRect(ends.rect, ActiveColor(ends, QPalette::Window));
+    QProxyStyle::drawComplexControl(control, &ends, painter, widget);
+    FillSlider(*painter, ends, subControlRect(control, option, SC_ScrollBarSlider, widget));
+    return;
+  }
   QProxyStyle::drawComplexControl(control, option, painter, widget);
   switch (control) {
     case CC_ComboBox:
@@ -200,10 +210,6 @@ void OutlinedStyle::drawComplexControl(ComplexControl control, const QStyleOptio
       break;
     case CC_SpinBox:
       Outline(*painter, option->rect, OutlineColor(*option, QPalette::Base));
-      break;
-    case CC_ScrollBar:
-      FillSlider(*painter, static_cast<const QStyleOptionSlider&>(*option),
-                 subControlRect(CC_ScrollBar, option, SC_ScrollBarSlider, widget));
       break;
     default:
       break;
