@@ -79,8 +79,6 @@ CurlTransfer::CurlTransfer(std::string_view method, std::string_view url, bool v
   }
 }
 
-CurlTransfer::~CurlTransfer() { Cancel(); }
-
 QUrl CurlTransfer::Url() const {
   return QUrl::fromEncoded(Info<const char*>(CURLINFO_EFFECTIVE_URL, ""));
 }

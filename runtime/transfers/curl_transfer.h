@@ -4,7 +4,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <curl/curl.h>
-#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -15,34 +14,22 @@
 #include <QNetworkProxy>
 #include <QSocketNotifier>
 #include <QTimer>
-#include <QUrl>
 
-#include "runtime/url_connection.h"
+#include "runtime/transfers/transfer.h"
 
 namespace peakwright {
 
-/// One HTTP request over TLS, through the proxy that the system names, worked by libcurl within the
-/// event loop. It begins as it is made, and calls Ended once, unless it was cancelled. None of its
-/// calls may destroy it.
-class CurlTransfer : public QObject {
+/// A request worked by libcurl. It begins as it is made.
+class CurlTransfer : public QObject, public Transfer {
  public:
-  /// The request fails if a longer body than `longest` bytes is announced.
   CurlTransfer(std::string_view method, std::string_view url, bool validatesCertificate,
                std::int64_t longest);
-  ~CurlTransfer() override;
+  ~CurlTransfer() override { CurlTransfer::Cancel(); }
 
-  /// Something has arrived; `data` is what of it belongs to the body, maybe nothing.
-  std::function<void(const std::string& data)> Received;
-  /// The reply is whole, or there was a failure.
-  std::function<void(const std::optional<NetworkException>& failure)> Ended;
-
-  /// Ends the request quietly.
-  void Cancel();
-
-  QUrl Url() const;    ///< Where the reply comes from, after the redirects.
-  int Status() const;  ///< As 200.
-  /// Of the body in bytes; 0 if the server doesn't say.
-  std::int64_t AnnouncedLength() const;
+  void Cancel() override;
+  QUrl Url() const override;
+  int Status() const override;
+  std::int64_t AnnouncedLength() const override;
 
  private:
   template <auto End>

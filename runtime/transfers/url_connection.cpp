@@ -7,9 +7,9 @@
 
 #include "runtime/application/held_input.h"
 #include "runtime/desktop_application.h"
-#include "runtime/transfers/curl_transfer.h"
 #include "runtime/transfers/origin_mark.h"
 #include "runtime/transfers/part_file.h"
+#include "runtime/transfers/transfer.h"
 
 namespace peakwright {
 namespace {
@@ -24,20 +24,21 @@ class URLConnection::Question : public QObject {
  public:
   Question(URLConnection& owner, std::string_view method, const std::string& url,
            std::chrono::milliseconds timeout, std::size_t limit, Answer then)
-      : request_(method, url, owner.allowCertificateValidation_, kAnyLength),
+      : request_(
+            LoadedTransport().Begin(method, url, owner.allowCertificateValidation_, kAnyLength)),
         limit_(limit),
         then_(std::move(then)) {
-    request_.Received = [this](const std::string& data) {
+    request_->Received = [this](const std::string& data) {
       body_ += data;
       if (body_.size() >= limit_) End(true);
     };
-    request_.Ended = [this](const auto& failure) { End(!failure.has_value()); };
+    request_->Ended = [this](const auto& failure) { End(!failure.has_value()); };
     QTimer::singleShot(timeout, this, [this] { End(false); });
   }
 
   void Stop() {
     waiting_.reset();
-    request_.Cancel();
+    request_->Cancel();
   }
 
  private:
@@ -50,7 +51,7 @@ class URLConnection::Question : public QObject {
   }
 
   std::optional<Waiting> waiting_{std::in_place};
-  CurlTransfer request_;
+  std::unique_ptr<Transfer> request_;
   std::string body_;
   std::size_t limit_;
   Answer then_;
@@ -72,7 +73,7 @@ class URLConnection::Download : public QObject {
       });
       return;
     }
-    request_.emplace(method, url_, owner.allowCertificateValidation_, longest_);
+    request_ = LoadedTransport().Begin(method, url_, owner.allowCertificateValidation_, longest_);
     request_->Received = [this](const std::string& data) { Receive(data); };
     request_->Ended = [this](const auto& failure) { End(failure); };
     // One long timer would run out behind a long calculation, with bytes waiting to be read.
@@ -88,7 +89,7 @@ class URLConnection::Download : public QObject {
   void Stop() {
     tick_.stop();
     file_.reset();  // What wasn't committed goes away.
-    if (request_.has_value()) request_->Cancel();
+    if (request_) request_->Cancel();
   }
 
  private:
@@ -148,7 +149,7 @@ class URLConnection::Download : public QObject {
   std::int64_t received_ = 0;
   int silentTicks_ = 0;
   QTimer tick_;
-  std::optional<CurlTransfer> request_;
+  std::unique_ptr<Transfer> request_;
 };
 
 URLConnection::URLConnection() = default;
