@@ -241,6 +241,7 @@ TEST_F(ElementEditors, GoBackToTheWindowThatTheyWereOpenedFrom) {
       EXPECT_EQ(inFront(), ToolkitSide::Of(editor_));
     };
     open();
+    Program::Click(editor_.PushButton3);
     Program::Key(editor_.PushButton1, Qt::Key_Space);
     EXPECT_EQ(inFront(), fromIsotopes ? ToolkitSide::Of(isotopes_) : ToolkitSide::Of(counts_));
     open();
@@ -249,7 +250,10 @@ TEST_F(ElementEditors, GoBackToTheWindowThatTheyWereOpenedFrom) {
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_7);
     EXPECT_EQ(counts_.textfield1(0).Text(), "7");
   }
-  Program::Click(counts_.PushButton1);
+  Program::Focus(isotopes_.ListBox1);
+  DoubleClickRow(4);
+  isotopes_.Hide();
+  Program::Key(editor_.PushButton1, Qt::Key_Space);
   EXPECT_EQ(inFront(), ToolkitSide::Of(main_));
 }
 
