@@ -184,7 +184,7 @@ class DesktopWindow::NativeWindow : public QMainWindow {
     QAbstractButton* button = isReturn                         ? OnReturn()
                               : event->key() == Qt::Key_Escape ? cancelButton_
                                                                : nullptr;
-    if (button != nullptr && button->isVisible()) {
+    if (button != nullptr) {
       button->click();
     } else {
       QMainWindow::keyPressEvent(event);

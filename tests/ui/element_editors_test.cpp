@@ -174,10 +174,11 @@ TEST_F(ElementEditors, MakeSodiumOfXAndListIt) {
             "   1) 137.8977           1   1.64  41.29   .0\n"
             "\r\r");
   for (int i = 0; i < 9; ++i) Program::Type(counts_.textfield1(i), "7");
-  Program::Click(counts_.PushButton2);
-  for (int i = 0; i < 9; ++i) EXPECT_EQ(counts_.textfield1(i).Text(), "0");
+  Program::Click(counts_.Label2);
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_8);
   EXPECT_EQ(counts_.textfield1(8).Text(), "8") << "a click selects the field in use";
+  Program::Click(counts_.PushButton2);
+  for (int i = 0; i < 9; ++i) EXPECT_EQ(counts_.textfield1(i).Text(), "0");
 }
 
 TEST_F(ElementEditors, TakeWhateverIsTyped) {
@@ -253,7 +254,7 @@ TEST_F(ElementEditors, GoBackToTheWindowThatTheyWereOpenedFrom) {
   Program::Focus(isotopes_.ListBox1);
   DoubleClickRow(4);
   isotopes_.Hide();
-  Program::Key(editor_.PushButton1, Qt::Key_Space);
+  Program::Key(editor_.PushButton1, Qt::Key_Return);
   EXPECT_EQ(inFront(), ToolkitSide::Of(main_));
 }
 
