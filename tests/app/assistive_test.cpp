@@ -88,6 +88,8 @@ TEST(Assistive, EveryTextControlTellsWhatStandsBeforeAtAndAfterAnOffset) {
   QDoubleSpinBox margin;  // As in the page setup.
   margin.show();
   CheckAllPieces(margin, {{"12", ".", "50"}, {"12.50"}});
+  const auto& value = *QAccessible::queryAccessibleInterface(&margin)->valueInterface();
+  EXPECT_EQ(value.minimumStepSize(), margin.singleStep());
   QWidget& results = *ToolkitSide::Of(program.Main().textfield2);
   CheckAllPieces(results, {{"58 ", "a\n", "b\n ", "c\n"}, {"58 a\n", "b\n", " c\n", ""}});
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QDropEvent>
@@ -88,7 +89,10 @@ TEST(Results, ClicksTakeRowsAndWhatStandsBetweenBlanks) {
 
 TEST(Results, ThreeClicksLeaveALongListingInPlace) {
   const Listed program("700");
-  program.Scroll.setValue(300);
+  const auto row = static_cast<int>(program.Results().find(" 299)"));
+  QAccessible::queryAccessibleInterface(&program.Area)
+      ->textInterface()
+      ->scrollToSubstring(row, row);
   const QPoint point(150, 200);
   const int line = static_cast<int>(
       program.Main().textfield2.LineNumber(program.Area.cursorForPosition(point).position()));
