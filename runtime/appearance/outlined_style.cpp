@@ -160,6 +160,7 @@ void OutlinedStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* 
     case PE_Frame:
     case PE_FrameLineEdit:
     case PE_FrameMenu:
+    case PE_PanelMenu:
     case PE_IndicatorCheckBox:
       Outline(*painter, option->rect, OutlineColor(*option, QPalette::Base));
       break;

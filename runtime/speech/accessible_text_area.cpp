@@ -33,7 +33,7 @@ QString TextBetween(const TextAreaView& view, int start, int end) {
 }
 
 void AnnounceChange(TextAreaView& view, int from, int removed, int added) {
-  if (!QAccessible::isActive() || removed + added == 0) return;
+  if (!QAccessible::isActive()) return;
   constexpr int kMostTold = 4096;
   // What went is told by its length, as the toolkit does.
   const QString went(std::min(removed, kMostTold), u' ');

@@ -10,7 +10,6 @@ from private_desktop import PATIENCE, wait_for, wait_until
 
 STATE_ACTIVE = pyatspi.STATE_ACTIVE
 STATE_FOCUSED = pyatspi.STATE_FOCUSED
-STATE_PRESSED = pyatspi.STATE_PRESSED
 STATE_SELECTED = pyatspi.STATE_SELECTED
 STATE_VISIBLE = pyatspi.STATE_VISIBLE
 

@@ -8,8 +8,10 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMap>
+#include <QMenu>
 #include <QMenuBar>
 #include <QPlainTextEdit>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
@@ -77,6 +79,10 @@ void CheckControls(const QWidget& content) {
     if (field) {
       EXPECT_EQ(background, QColor(Qt::white)) << text;
       EXPECT_GE(contrast, 20) << "black on white";
+      const auto behind = [&](QPalette::ColorRole role) {
+        return control->palette().color(QPalette::Inactive, role);
+      };
+      EXPECT_GE(Contrast(behind(QPalette::HighlightedText), behind(QPalette::Highlight)), 4.5);
     } else if (!control->property("wordWrap").toBool()) {
       EXPECT_LE(control->fontMetrics().horizontalAdvance(control->property("text").toString()),
                 RoomForText(*control))
@@ -168,6 +174,7 @@ void CheckDefault(TextWindow& main) {
       differing += Contrast(run.pixelColor(i % 8, i / 8), clear.pixelColor(i % 8, i / 8)) > 1.4;
     }
     EXPECT_GE(differing, 20);
+    CheckControls(*ToolkitSide::ContentOf(main));
   }
 }
 
@@ -175,10 +182,11 @@ void CheckDefault(TextWindow& main) {
 void CheckDialogControls(QWidget& content) {
   QRadioButton radio(&content);
   QDoubleSpinBox spin(&content);
+  QProgressBar bar(&content);  // And one that a download has.
   radio.move(300, 252);
   spin.move(150, 252);
-  radio.show();
-  spin.show();
+  bar.setGeometry(20, 252, 100, 20);
+  for (QWidget* control : QWidgetList{&radio, &spin, &bar}) control->show();
   CheckOutlines(content);
 }
 
@@ -187,6 +195,8 @@ TEST(Appearance, CanBeSeenLightDarkAndInHighContrast) {
     SCOPED_TRACE(appearance);
     Program program;
     ShowAppearance(appearance == "dark");
+    const QPalette colors = QApplication::palette();
+    EXPECT_NE(colors.color(QPalette::Disabled, QPalette::Text), colors.color(QPalette::Text));
     if (appearance == "high contrast") QApplication::setPalette(HighContrast());
     EXPECT_EQ(Color::IsDarkMode(), appearance != "light");
     program.Main().Pushbutton1.Press();
@@ -207,6 +217,11 @@ TEST(Appearance, CanBeSeenLightDarkAndInHighContrast) {
       CheckOutlines(*ToolkitSide::ContentOf(*window));
     }
     EXPECT_GE(TextContrast(ToolkitSide::Of(Menu::Instance())->grab().toImage()), 4.5);
+    QMenu& edit = ToolkitSide::MenuOf(*Menu::Instance().Child("Edit"));
+    edit.popup({});
+    QApplication::processEvents();
+    EXPECT_GE(TextContrast(edit.grab(QRect(0, 4, 2, edit.height() - 8)).toImage()), 3);
+    edit.close();
     EXPECT_FALSE(
         ToolkitSide::Of(WindowDownload::Instance().EditField1)->property("frame").toBool());
     ShowAppearance(false);
