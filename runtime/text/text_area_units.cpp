@@ -103,8 +103,7 @@ void TextAreaView::ExtendTaken(int position) {
   const bool upwards = start < taken_.selectionStart();
   QTextCursor cursor = taken_;
   cursor.setPosition(upwards ? taken_.selectionEnd() : taken_.selectionStart());
-  cursor.setPosition(upwards ? start : std::max(end, taken_.selectionEnd()),
-                     QTextCursor::KeepAnchor);
+  cursor.setPosition(upwards ? start : end, QTextCursor::KeepAnchor);
   setTextCursor(cursor);
 }
 

@@ -303,7 +303,6 @@ void TextAreaView::insertFromMimeData(const QMimeData* source) {
 std::unique_ptr<QTextDocument> TextAreaView::NewDocument() {
   auto made = std::make_unique<QTextDocument>();
   made->setDocumentLayout(new LineCountingLayout(made.get()));
-  made->setDefaultFont(font());
   // A new step after an Undo leaves nothing to redo.
   connect(made.get(), &QTextDocument::undoCommandAdded, this, [this] { later_.reset(); });
   return made;

@@ -82,8 +82,9 @@ TEST(TextArea, KeepsEveryLineEndThroughEditing) {
       const int act = below(5);
       if (from == to && act == 1) to = std::min(to + 1, length);
       if (from == to && act == 2) from = std::max(from - 1, 0);
-      const std::string typed[] = {"\r", "", "", Rows(below(200), '\n') + "\r",
-                                   "a\n\r\n\nb\r\rc" + std::string(1, "\n\r"[below(2)])};
+      const std::string typed[] = {
+          "\r", "", "", Rows(below(200), '\n') + "\r",
+          "a\n\r\n\n\t\t\t\t\t\t\t\tb\r\rc" + std::string(1, "\n\r"[below(2)])};
       text.replace(static_cast<std::size_t>(from), static_cast<std::size_t>(to - from), typed[act]);
       if (act < 3) {
         QTest::keyClick(&view, kKeys[act]);

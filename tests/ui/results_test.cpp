@@ -157,26 +157,35 @@ TEST(Results, PageKeysInAFieldLeaveTheInsertionPoint) {
 
 TEST(Results, ShowsKeysAndLettersInItsMenu) {
   const Listed program("58");
-  Program::Choose("FileClear");
-  const QStringList wanted{"&Undo\tCtrl+Z",
-                           "&Redo\t" + QKeySequence(QKeySequence::Redo).toString(),
-                           "",
-                           "Cu&t\tCtrl+X",
-                           "&Copy\tCtrl+C",
-                           "&Paste\tCtrl+V",
-                           "Delete\tDel",
-                           "",
-                           "Select All\tCtrl+A"};
-  QTimer::singleShot(0, &program.Area, [&] {
-    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    ASSERT_NE(menu, nullptr);
-    QStringList offered;
-    for (const QAction* action : menu->actions()) offered += action->text();
-    EXPECT_EQ(offered, wanted);
-    QTest::keyClick(menu, Qt::Key_U);
-  });
-  QContextMenuEvent asked(QContextMenuEvent::Keyboard, {}, {});
-  QApplication::sendEvent(&program.Area, &asked);
+  program.Area.selectAll();
+  QApplication::clipboard()->setText("copied");
+  const QStringList items{"&Undo\tCtrl+Z",
+                          "&Redo\t" + QKeySequence(QKeySequence::Redo).toString(),
+                          "",
+                          "Cu&t\tCtrl+X",
+                          "&Copy\tCtrl+C",
+                          "&Paste\tCtrl+V",
+                          "Delete\tDel",
+                          "",
+                          "Select All\tCtrl+A"};
+  const auto choose = [&](int item, const QByteArray& enabled) {
+    QTimer::singleShot(0, &program.Area, [&, item] {
+      auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+      ASSERT_NE(menu, nullptr);
+      for (int i = 0; i < items.size(); ++i) {
+        EXPECT_EQ(menu->actions()[i]->text(), items[i]);
+        EXPECT_EQ(menu->actions()[i]->isEnabled(), enabled[i] != '-') << enabled.data() << i;
+      }
+      menu->setActiveAction(menu->actions()[item]);
+      QTest::keyClick(menu, Qt::Key_Return);
+    });
+    QContextMenuEvent asked(QContextMenuEvent::Keyboard, {}, {});
+    QApplication::sendEvent(&program.Area, &asked);
+  };
+  choose(6, "U- tcpd A");
+  EXPECT_EQ(program.Results(), "");
+  EXPECT_EQ(QApplication::clipboard()->text(), "copied");
+  choose(0, "U- --p- A");
   EXPECT_EQ(program.Results(), kListing58);
 }
 
