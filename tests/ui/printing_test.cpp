@@ -113,6 +113,7 @@ TEST_F(Printing, KeepsThePageSetupThatWasAcceptedLast) {
   Print({kAccept, toFile_});
   EXPECT_EQ(Module1::psettings, kept);
   EXPECT_FALSE(QFile::exists(file_)) << "an empty text";
+  EXPECT_TRUE(QLoggingCategory::defaultCategory()->isWarningEnabled());
   for (const std::string& unreadable : {kept + " 1", "nan" + kept, "-" + kept, "9999" + kept}) {
     PrinterSetup setup;
     setup.Settings(unreadable);
@@ -252,6 +253,33 @@ TEST_F(PrintingOnPrinter, KeepsToThePageSetup) {
   };
   Print({kAccept}, givesUp);
   EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+  const Answer upright = [](QDialog& dialog) {
+    QTimer::singleShot(0, &dialog, [] {
+      auto* properties = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      EXPECT_TRUE(properties->findChild<QRadioButton*>("landscape")->isChecked());
+      properties->findChild<QRadioButton*>("portrait")->click();
+      properties->accept();
+    });
+    dialog.findChild<QPushButton*>("properties")->click();
+    dialog.accept();
+  };
+  Print({kLandscape, upright});
+  EXPECT_EQ(Sheets(), "7 of 612 x 792") << "for this job";
+  const Answer offers = [](QDialog& dialog) {
+    const PrintDialogFields fields(dialog);
+    EXPECT_TRUE(fields.Reverse->isHidden());
+    EXPECT_TRUE(fields.Copies->isEnabled());
+    fields.Copies->setValue(3);
+    fields.Target->setCurrentIndex(fields.Target->count() - 1);
+    EXPECT_FALSE(fields.Copies->isEnabled());
+    EXPECT_EQ(fields.Copies->value(), 1) << "of a file";
+    EXPECT_EQ(QFileInfo(fields.File->text()).fileName(), "Peakwright.pdf");
+    fields.Target->setCurrentIndex(0);
+    EXPECT_TRUE(fields.Copies->isEnabled());
+    dialog.reject();
+  };
+  Module1::psettings.clear();
+  Print({kAccept, offers});
   Print({kAccept, kAccept});
   EXPECT_EQ(Sheets(), "7 of 612 x 792") << "the printer's own paper";
   for (const QString setup : {"A4 0 portrait 7 of 595 x 842", "A4 2 portrait 2 of 595 x 842",
@@ -285,7 +313,7 @@ TEST_F(PrintingOnPrinter, TellsThatNothingIsPrinted) {
   const Answer noPage = [](QDialog& dialog) {
     dialog.findChild<QRadioButton*>("pagesRadioButton")->setChecked(true);
     dialog.findChild<QLineEdit*>("pagesLineEdit")->setText("2,4-6");
-    dialog.accept();
+    dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
   };
   const Answer gone = [this](QDialog& dialog) {
     TearDown();
