@@ -114,11 +114,41 @@ TEST_F(Printing, KeepsThePageSetupThatWasAcceptedLast) {
   EXPECT_EQ(Module1::psettings, kept);
   EXPECT_FALSE(QFile::exists(file_)) << "an empty text";
   EXPECT_TRUE(QLoggingCategory::defaultCategory()->isWarningEnabled());
-  for (const std::string& unreadable : {kept + " 1", "nan" + kept, "-" + kept, "9999" + kept}) {
+  for (const std::string& unreadable : {kept + " 1", "nan" + kept, "-" + kept, "9999" + kept,
+                                        std::string("210 297 0 150 0 150 0 0 0")}) {
     PrinterSetup setup;
     setup.Settings(unreadable);
     EXPECT_EQ(setup.Settings(), none) << unreadable;
   }
+}
+
+TEST_F(Printing, ShowsThePageSetupThatWasAcceptedLast) {
+  const QList<double> lengths{700, 500, 31, 32, 33, 34};  // In points, as the toolkit has them.
+  const auto fields = [](QDialog& dialog) {
+    const PageSetupFields page(dialog);
+    page.Unit->setCurrentIndex(2);
+    emit page.Unit->activated(2);
+    return QList{page.Width, page.Height, page.Left, page.Top, page.Right, page.Bottom};
+  };
+  const Answer fillIn = [&](QDialog& dialog) {
+    const PageSetupFields page(dialog);
+    page.Landscape->click();
+    page.Paper->setCurrentText("Custom");
+    page.PagesPerSheet->setCurrentIndex(3);
+    page.SheetOrder->setCurrentIndex(7);
+    for (int i = 0; i < lengths.size(); ++i) fields(dialog)[i]->setValue(lengths[i]);
+    dialog.accept();
+  };
+  const Answer shows = [&](QDialog& dialog) {
+    const PageSetupFields page(dialog);
+    EXPECT_TRUE(page.Landscape->isChecked());
+    EXPECT_EQ(page.PagesPerSheet->currentIndex(), 3);
+    EXPECT_EQ(page.SheetOrder->currentIndex(), 7);
+    for (int i = 0; i < lengths.size(); ++i) EXPECT_EQ(fields(dialog)[i]->value(), lengths[i]) << i;
+    dialog.reject();
+  };
+  Print({fillIn, kCancel});
+  Print({shows});
 }
 
 TEST_F(Printing, PrintsEveryLineOnceAndAPageOnlyForALineThatDoesNotFit) {
@@ -234,7 +264,8 @@ class PrintingOnPrinter : public Printing {
     const QString sheets = printers_.filePath("out.pdf");
     EXPECT_TRUE(WaitFor([&] { return QFile::exists(sheets); }));
     const QString info = Read("pdfinfo " + sheets).simplified();
-    QFile::remove(sheets);
+    QFile::remove(file_);
+    QFile::rename(sheets, file_);
     return info.section("Pages: ", 1).section(' ', 0, 0) + " of " +
            info.section("Page size: ", 1).section(" pts", 0, 0);
   }
@@ -282,6 +313,14 @@ TEST_F(PrintingOnPrinter, KeepsToThePageSetup) {
   Print({kAccept, offers});
   Print({kAccept, kAccept});
   EXPECT_EQ(Sheets(), "7 of 612 x 792") << "the printer's own paper";
+  EXPECT_NEAR(FirstPage().second.left(), 36 + 2 * 9.6, 1) << "two blanks";
+  const Answer secondPage = [](QDialog& dialog) {
+    dialog.findChild<QRadioButton*>("pagesRadioButton")->setChecked(true);
+    dialog.findChild<QLineEdit*>("pagesLineEdit")->setText("2");
+    dialog.accept();
+  };
+  Print({kAccept, secondPage});
+  EXPECT_EQ(Sheets(), "1 of 612 x 792");
   for (const QString setup : {"A4 0 portrait 7 of 595 x 842", "A4 2 portrait 2 of 595 x 842",
                               "A4 0 landscape 7 of 595 x 842", "Custom 0 portrait 7 of 500 x 700",
                               "Letter 0 portrait 7 of 612 x 792"}) {
@@ -326,6 +365,9 @@ TEST_F(PrintingOnPrinter, TellsThatNothingIsPrinted) {
     EXPECT_NE(program_.LastException().find(words), std::string::npos) << program_.LastException();
     EXPECT_EQ(results_.Text(), "text");
   }
+  const std::string told = program_.LastException();
+  Print({kAccept, toFile_});
+  EXPECT_EQ(program_.LastException(), told) << "files have no server";
 }
 
 }  // namespace
