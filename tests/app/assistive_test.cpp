@@ -1,5 +1,7 @@
 // What assistive tools read and work, asked as the accessibility bus asks for it.
 
+#include <array>
+
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QDoubleSpinBox>
@@ -26,33 +28,30 @@ QStringList PiecesOf(const TextCase& text, QAccessible::TextBoundaryType kind) {
 
 void CheckPieces(const QAccessibleTextInterface& control, const TextCase& text,
                  QAccessible::TextBoundaryType kind) {
+  using Asked = QAccessibleTextInterface;
+  constexpr std::array kAsk{&Asked::textBeforeOffset, &Asked::textAtOffset,
+                            &Asked::textAfterOffset};
   const QStringList pieces = PiecesOf(text, kind);
   const int length = static_cast<int>(text.Text().size());
   ASSERT_TRUE(pieces.join(QString()) == text.Text() && control.text(0, length) == text.Text());
   const auto startOf = [&](qsizetype piece) {
     return static_cast<int>(pieces.mid(0, piece).join(QString()).size());
   };
-  const auto told = [](const QString& piece, int start, int end) {
-    return QStringLiteral("'%1' %2 %3").arg(piece).arg(start).arg(end).toStdString();
-  };
-  const auto expected = [&](qsizetype piece, bool stands) {
-    if (!stands || piece < 0 || piece >= pieces.size()) return told(QString(), -1, -1);
-    return told(pieces[piece], startOf(piece), startOf(piece + 1));
-  };
   for (int offset = -1; offset <= length + 1; ++offset) {
-    const testing::ScopedTrace trace(
-        __FILE__, __LINE__,
-        testing::Message() << text.Text().toStdString() << " of kind " << kind << " at " << offset);
-    const bool stands = offset >= 0 && offset <= length;
+    SCOPED_TRACE(testing::Message()
+                 << text.Text().toStdString() << ' ' << kind << " at " << offset);
     qsizetype at = 0;
     while (at + 1 < pieces.size() && startOf(at + 1) <= offset) ++at;
-    int start = 0, end = 0;
-    QString piece = control.textBeforeOffset(offset, kind, &start, &end);
-    EXPECT_EQ(told(piece, start, end), expected(at - 1, stands));
-    piece = control.textAtOffset(offset, kind, &start, &end);
-    EXPECT_EQ(told(piece, start, end), expected(at, stands));
-    piece = control.textAfterOffset(offset, kind, &start, &end);
-    EXPECT_EQ(told(piece, start, end), expected(at + 1, stands && startOf(at + 1) < length));
+    for (std::size_t side = 0; side < kAsk.size(); ++side) {
+      const qsizetype piece = at + static_cast<qsizetype>(side) - 1;
+      const bool isTold = offset >= 0 && offset <= length && piece >= 0 && piece < pieces.size() &&
+                          (side < 2 || startOf(piece) < length);
+      int start = 0, end = 0;
+      EXPECT_EQ((control.*kAsk[side])(offset, kind, &start, &end),
+                isTold ? pieces[piece] : QString());
+      EXPECT_EQ(start, isTold ? startOf(piece) : -1);
+      EXPECT_EQ(end, isTold ? startOf(piece + 1) : -1);
+    }
   }
 }
 

@@ -244,29 +244,6 @@ TEST(TextArea, BreaksLongLinesWhereTheToolkitWould) {
   }
 }
 
-TEST(TextArea, ShowsAMegabyteInOneLine) {
-  ShownView view;
-  const std::string half(500'000, '7');
-  view.InsertText(half + "\n" + half + "\rend");
-  EXPECT_EQ(view.document()->blockCount(), 3) << "laid out one by one";
-  view.Select(500'000, 500'000);
-  const auto isShown = [&](const std::string& line) {
-    EXPECT_EQ(view.Text(), line + "\rend");
-    EXPECT_TRUE(view.viewport()->rect().contains(view.cursorRect()));
-    view.CheckLineCount();
-    const QTextBlock first = view.document()->firstBlock();
-    const QTextLine last = first.layout()->lineAt(first.layout()->lineCount() - 1);
-    EXPECT_EQ(last.textStart() + last.textLength() + 1, first.length());
-  };
-  QTest::keyClick(&view, Qt::Key_Delete);
-  isShown(half + half);
-  QTest::keyClick(&view, Qt::Key_A);
-  isShown(half + "a" + half);
-  view.Undo();
-  view.Undo();
-  isShown(half + "\n" + half);
-}
-
 TEST(TextArea, UndoAndRedoLoseNoText) {
   struct Step {
     std::string text;  // before it, or after it when it is undone

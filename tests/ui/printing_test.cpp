@@ -102,27 +102,6 @@ std::string Rows(int first, int last) {
 }
 
 TEST_F(Printing, KeepsThePageSetupThatWasAcceptedLast) {
-  Print({kCancel});
-  Print({kQuit});
-  EXPECT_EQ(Module1::psettings, "");
-  Print({kLandscape, kQuit});
-  const std::string kept = Module1::psettings;
-  const std::string none = PrinterSetup().Settings();
-  EXPECT_NE(kept, none);
-  results_.Text("");
-  Print({kAccept, toFile_});
-  EXPECT_EQ(Module1::psettings, kept);
-  EXPECT_FALSE(QFile::exists(file_)) << "an empty text";
-  EXPECT_TRUE(QLoggingCategory::defaultCategory()->isWarningEnabled());
-  for (const std::string& unreadable : {kept + " 1", "nan" + kept, "-" + kept, "9999" + kept,
-                                        std::string("210 297 0 150 0 150 0 0 0")}) {
-    PrinterSetup setup;
-    setup.Settings(unreadable);
-    EXPECT_EQ(setup.Settings(), none) << unreadable;
-  }
-}
-
-TEST_F(Printing, ShowsThePageSetupThatWasAcceptedLast) {
   const QList<double> lengths{700, 500, 31, 32, 33, 34};  // In points, as the toolkit has them.
   const auto fields = [](QDialog& dialog) {
     const PageSetupFields page(dialog);
@@ -147,8 +126,25 @@ TEST_F(Printing, ShowsThePageSetupThatWasAcceptedLast) {
     for (int i = 0; i < lengths.size(); ++i) EXPECT_EQ(fields(dialog)[i]->value(), lengths[i]) << i;
     dialog.reject();
   };
-  Print({fillIn, kCancel});
+  Print({kCancel});
+  Print({kQuit});
+  EXPECT_EQ(Module1::psettings, "");
+  Print({fillIn, kQuit});
   Print({shows});
+  const std::string kept = Module1::psettings;
+  const std::string none = PrinterSetup().Settings();
+  EXPECT_NE(kept, none);
+  results_.Text("");
+  Print({kAccept, toFile_});
+  EXPECT_EQ(Module1::psettings, kept);
+  EXPECT_FALSE(QFile::exists(file_)) << "an empty text";
+  EXPECT_TRUE(QLoggingCategory::defaultCategory()->isWarningEnabled());
+  for (const std::string& unreadable : {kept + " 1", "nan" + kept, "-" + kept, "9999" + kept,
+                                        std::string("210 297 0 150 0 150 0 0 0")}) {
+    PrinterSetup setup;
+    setup.Settings(unreadable);
+    EXPECT_EQ(setup.Settings(), none) << unreadable;
+  }
 }
 
 TEST_F(Printing, PrintsEveryLineOnceAndAPageOnlyForALineThatDoesNotFit) {

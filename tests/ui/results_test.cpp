@@ -226,6 +226,7 @@ TEST(Results, HoldsALineOfAMegabyteAndRefusesALongerOneWithoutALoss) {
   const std::string full = longest.toStdString() + "\nab\nc";
   ASSERT_EQ(text(), full);
   EXPECT_GT(program.LastLine(), 30'000) << "and all of it is laid out";
+  EXPECT_EQ(program.Area.document()->blockCount(), 2) << "one by one";
   program.Press(Qt::Key_A, Qt::ControlModifier);
   program.Press(Qt::Key_C, Qt::ControlModifier);
   EXPECT_EQ(QApplication::clipboard()->text().toStdString(), full);
