@@ -24,9 +24,7 @@ constexpr qsizetype kStretch = 4096;
 
 QString ToPrintedForm(std::string_view text) {
   QString form = ToQString(text.substr(0, text.find_last_not_of(" \t\r\n") + 1));
-  for (const QChar end : {QChar(u'\r'), QChar(u'\n'), QChar(QChar::ParagraphSeparator)}) {
-    form.replace(end, QChar::LineSeparator);
-  }
+  for (const QChar end : {u'\r', u'\n'}) form.replace(end, QChar::LineSeparator);
   return form;
 }
 

@@ -21,6 +21,7 @@ class Check : public testing::Test {
  protected:
   Check() {
     server_.listen(QHostAddress::LocalHost);
+    EXPECT_TRUE(Module1::websource.starts_with("https://") && Module1::websource.ends_with("/"));
     Module1::websource = "https://127.0.0.1:" + std::to_string(server_.serverPort()) + "/";
   }
 
@@ -49,6 +50,7 @@ TEST_F(Check, KeepsWhatTheUserDoesAndCarriesItOutAfterwards) {
   QApplication::sendEvent(ToolkitSide::Of(main.textfield1), &enter);
   Program::Key(main.textfield1, Qt::Key_A, Qt::ControlModifier);
   const std::string before = program_.Results();
+  EXPECT_NE(before.find("\n  Copyright"), std::string::npos);
   Begin();
   main.PushButton2.Press();  // As assistive tools do.
   QInputMethodEvent five;

@@ -65,6 +65,7 @@ class Printing : public testing::Test {
   std::string Printed(const std::string& text, const Answer& printDialog) {
     results_.Text(text);
     Print({kAccept, printDialog});
+    EXPECT_EQ(program_.LastException(), "");
     return Read("pdftotext -fixed 9.6 -x 36 -y 36 -W 540 -H 720 " + file_ + " -").toStdString();
   }
 
@@ -149,14 +150,16 @@ TEST_F(Printing, KeepsThePageSetupThatWasAcceptedLast) {
 
 TEST_F(Printing, PrintsEveryLineOnceAndAPageOnlyForALineThatDoesNotFit) {
   const std::string prose = "No word of this is cut, and none is lost at the end of";
-  std::string printed = Printed(prose + " lines.\r\r" + Rows(1, 500) + "\r\r", toFile_);
+  const std::string line(56, 'w');
+  std::string printed =
+      Printed(prose + " lines.\r\r1\t2\r" + line + "www\r" + Rows(1, 500) + "\r\r", toFile_);
   std::erase(printed, '\f');
-  EXPECT_EQ(printed, prose + "\nlines.\n\n" + Rows(1, 500));
+  EXPECT_EQ(printed, prose + "\nlines.\n\n1       2\n" + line + "\nwww\n" + Rows(1, 500));
 
   QFont hundredfold = ToolkitSide::Of(results_)->font();
   hundredfold.setPixelSize(1600);
   const auto fit = static_cast<int>(72000 / QFontMetricsF(hundredfold).lineSpacing());
-  EXPECT_EQ(Printed(Rows(1, fit) + "\r\r", toFile_), Rows(1, fit) + "\f");
+  EXPECT_EQ(Printed(Rows(1, fit) + "\r\t\r", toFile_), Rows(1, fit) + "\f");
   int pages = 2;
   const Answer secondPage = [&](QDialog& dialog) {
     EXPECT_EQ(dialog.findChild<QSpinBox*>("to")->maximum(), pages);
@@ -354,9 +357,9 @@ TEST_F(PrintingOnPrinter, TellsThatNothingIsPrinted) {
     TearDown();
     dialog.accept();
   };
-  for (const auto& [answer, words] :
-       {std::pair(closed, "\"closed\" did not take"), std::pair(noPage, "no such page"),
-        std::pair(gone, "\"lab\" did not take")}) {
+  for (const auto& [answer, words] : {std::pair(closed, "\"closed\" did not take"),
+                                      std::pair(noPage, "no such page, it ends with page 1."),
+                                      std::pair(gone, "\"lab\" did not take")}) {
     Print({kAccept, answer});
     EXPECT_NE(program_.LastException().find(words), std::string::npos) << program_.LastException();
     EXPECT_EQ(results_.Text(), "text");
