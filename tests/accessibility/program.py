@@ -8,10 +8,6 @@ from gi.repository import Atspi, GLib
 
 from private_desktop import PATIENCE, wait_for, wait_until
 
-STATE_ACTIVE = pyatspi.STATE_ACTIVE
-STATE_FOCUSED = pyatspi.STATE_FOCUSED
-STATE_SELECTED = pyatspi.STATE_SELECTED
-STATE_VISIBLE = pyatspi.STATE_VISIBLE
 
 
 def has(node, state):
@@ -97,15 +93,10 @@ class Program:
                 return each
         return None
 
-    def windows(self):
-        """The windows on screen by their titles."""
-        application = self._application()
-        return {frame.name: frame for frame in application or []
-                if frame is not None and has(frame, STATE_VISIBLE)}
-
     def active(self):
-        for frame in self.windows().values():
-            if has(frame, STATE_ACTIVE):
+        """The window that has the keyboard, or None."""
+        for frame in self._application() or []:
+            if frame is not None and has(frame, pyatspi.STATE_ACTIVE):
                 return frame
         return None
 
@@ -123,7 +114,7 @@ class Program:
         """The control that has the focus, as (role, name)."""
         frame = self.active()
         for node in walk(frame, ("table", "combo box", "menu bar")) if frame else []:
-            if has(node, STATE_FOCUSED):
+            if has(node, pyatspi.STATE_FOCUSED):
                 return role_of(node), node.name
         return None
 

@@ -43,16 +43,12 @@ double TextContrast(const QImage& image, QColor* background = nullptr) {
 }
 
 int RoomForText(const QWidget& widget) {
+  const bool isBox = qobject_cast<const QCheckBox*>(&widget) != nullptr;
+  if (!isBox && qobject_cast<const QPushButton*>(&widget) == nullptr) return widget.width();
   QStyleOptionButton option;
   option.initFrom(&widget);
-  const QStyle& style = *widget.style();
-  if (qobject_cast<const QCheckBox*>(&widget) != nullptr) {
-    return style.subElementRect(QStyle::SE_CheckBoxContents, &option, &widget).width();
-  }
-  if (qobject_cast<const QPushButton*>(&widget) != nullptr) {
-    return style.subElementRect(QStyle::SE_PushButtonContents, &option, &widget).width();
-  }
-  return widget.width();
+  const auto contents = isBox ? QStyle::SE_CheckBoxContents : QStyle::SE_PushButtonContents;
+  return widget.style()->subElementRect(contents, &option, &widget).width();
 }
 
 /// The part of a control's box in which something is drawn.
@@ -111,10 +107,11 @@ void CheckOutlines(QWidget& content) {
       QRect box = control->rect();
       QStyleOptionButton option;
       option.initFrom(control);
-      if (qobject_cast<QCheckBox*>(control) != nullptr) {
-        box = control->style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, control);
-      } else if (qobject_cast<QRadioButton*>(control) != nullptr) {
-        box = control->style()->subElementRect(QStyle::SE_RadioButtonIndicator, &option, control);
+      const bool isBox = qobject_cast<QCheckBox*>(control) != nullptr;
+      if (isBox || qobject_cast<QRadioButton*>(control) != nullptr) {
+        box = control->style()->subElementRect(
+            isBox ? QStyle::SE_CheckBoxIndicator : QStyle::SE_RadioButtonIndicator, &option,
+            control);
       }
       box.translate(control->pos());
       const QPoint middle = box.center();

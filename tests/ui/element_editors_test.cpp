@@ -102,8 +102,6 @@ TEST_F(ElementEditors, GoThroughTheirStates) {
   };
   for (const Step& step : std::vector<Step>{
            {"box turned on", click(main_.CheckBox2), "1+ 0  -1"},
-           {"box turned off", click(main_.CheckBox2), " 0  -1"},
-           {"box turned on", click(main_.CheckBox2), "1+ 0  -1"},
            {"caption of Br", click(counts_.Label3(2)), "13+* 0  -1"},
            {"isotopes by the menu", [] { Program::Choose("FileElementdata"); }, "1+ 0  -1"},
            {"isotopes by the button", click(counts_.PushButton4), "13+* 0  -1"},
@@ -116,7 +114,6 @@ TEST_F(ElementEditors, GoThroughTheirStates) {
             "123+* 11 10 10"},
            {"close key on the editor", altF4(editor_), "123+* 11 10 10"},
            {"Cancel", click(editor_.PushButton1), "13+* 0 10 10"},
-           {"close key on the isotopes", altF4(isotopes_), "13+* 0 10 10"},
            {"Return on the selected row", key(Qt::Key_Return), "123+* 11 10 10"},
            {"popup row of Cl", [] { ChooseRow(6); }, "123+* 6 5 5"},
            {"the next row too", key(Qt::Key_Down, Qt::ShiftModifier), "123+* 6 5 6"},
@@ -129,9 +126,7 @@ TEST_F(ElementEditors, GoThroughTheirStates) {
            {"box turned off", [&] { Program::Choose("FileAdditionalelements"); }, "3* 0 6 1"},
            {"double click on Xx", [] { DoubleClickRow(12); }, "23* 13 12 12"},
            {"Change", click(editor_.PushButton2), "13* 0 12 12"},
-           {"close key on the counts", altF4(counts_), "13* 0 12 12"},
            {"Close of the counts", click(counts_.PushButton1), "3* 0 12 12"},
-           {"isotopes by the menu again", [] { Program::Choose("FileElementdata"); }, " 0 12 12"},
        }) {
     step.act();
     QApplication::processEvents();
@@ -216,8 +211,6 @@ TEST_F(ElementEditors, ChangeNothingWithoutARow) {
     std::string names;
     for (int i = 0; i < 13; ++i) names += Cell(i, 0) + counts_.PopupMenu1.RowTextAt(i + 1);
     EXPECT_EQ(names, "CCHHNNOOFFClClBrBrIISiSiPPSSXXXxXx") << row;
-    EXPECT_EQ(counts_.PopupMenu1.RowCount(), 14) << row;
-    EXPECT_EQ(counts_.Label3(8).Text(), "Xx") << row;
   }
 }
 

@@ -1,7 +1,6 @@
 // The main window under its user's keys and clicks.
 
 #include <stdexcept>
-#include <vector>
 
 #include <QAbstractScrollArea>
 #include <QClipboard>
