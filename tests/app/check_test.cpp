@@ -94,11 +94,14 @@ TEST_F(Check, ClosesItsWindowAfterwardsIfAskedMeanwhile) {
   Program::Choose("FileUpdate");
   WindowDownload::Instance().PushButton1.Press();
   WindowDownload::Instance().PushButton1.Press();
+  Program::Choose("FileUpdate");
+  QTest::keyClick(window_, Qt::Key_7);
   QTest::qWait(50);
   EXPECT_NE(window, nullptr);
   End();
-  ASSERT_TRUE(WaitFor([&] { return window == nullptr; }));
-  Begin();
+  ASSERT_TRUE(WaitFor([&] { return window == nullptr && server_.hasPendingConnections(); }));
+  call_ = server_.nextPendingConnection();
+  EXPECT_EQ(program_.Main().textfield1.Text(), "100") << "while the next check waits";
   program_.Raise([&] {  // As a handler that hasn't returned.
     WindowDownload::Instance().Close();
     EXPECT_TRUE(WaitFor([&] { return call_->state() == QTcpSocket::UnconnectedState; }));

@@ -49,12 +49,15 @@ TEST_F(Ending, OfAWindowLeavesTheBoxForExceptions) {
     Program::Choose("FileUpdate");
   }
   EXPECT_EQ(Program::Box()->informativeText(), "no luck\n<b>again</b>");
+  EXPECT_EQ(QApplication::activeModalWidget(), Program::Box());
   Program::Box()->button(QMessageBox::Ok)->click();
   EXPECT_EQ(Program::Box(), nullptr);
   Program::Choose("FileUpdate");
   EXPECT_EQ(Program::Box()->informativeText(), "<b>again</b>");
   for (auto* label : Program::Box()->findChildren<QLabel*>())
     EXPECT_EQ(label->textFormat(), Qt::PlainText);
+  app_.Raise([] { throw std::bad_alloc(); });
+  EXPECT_TRUE(Program::Box()->informativeText().endsWith("There is not enough memory for it."));
   // The program ends with the box up.
 }
 

@@ -276,7 +276,7 @@ TEST_F(PrintingOnPrinter, KeepsToThePageSetup) {
   const Answer upright = [](QDialog& dialog) {
     QTimer::singleShot(0, &dialog, [] {
       auto* properties = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-      EXPECT_TRUE(properties->findChild<QRadioButton*>("landscape")->isChecked());
+      EXPECT_EQ(properties->findChild<QDoubleSpinBox*>("leftMargin")->value(), 25);
       properties->findChild<QRadioButton*>("portrait")->click();
       properties->accept();
     });

@@ -331,9 +331,11 @@ TEST_F(Update, TellsThatTheArchiveCannotBeSaved) {
   EXPECT_TRUE(QFile(home_.filePath("Desktop")).open(QIODevice::WriteOnly));
   expect("Not a directory");
   application_.Raise([&] {  // As a handler that hasn't returned.
-    Window().PushButton2.Press();
-    Window().Close();
+    WindowDownload& window = Window();
+    window.PushButton2.Press();
+    window.Close();
     QApplication::processEvents();
+    EXPECT_TRUE(window.ProgressBar1.Visible()) << "nothing is told any more";
   });
 }
 
