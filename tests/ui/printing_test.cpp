@@ -161,6 +161,7 @@ TEST_F(Printing, PrintsEveryLineOnceAndAPageOnlyForALineThatDoesNotFit) {
   EXPECT_EQ(Printed(Rows(1, fit) + "\r\t\r", toFile_), Rows(1, fit) + "\f");
   int pages = 2;
   const Answer secondPage = [&](QDialog& dialog) {
+    EXPECT_FALSE(dialog.findChild<QSpinBox*>("copies")->isEnabled());
     EXPECT_EQ(dialog.findChild<QSpinBox*>("to")->maximum(), pages);
     EXPECT_EQ(dialog.findChild<QSpinBox*>("to")->value(), pages++);
     dialog.findChild<QRadioButton*>("printRange")->setChecked(true);
@@ -273,18 +274,18 @@ TEST_F(PrintingOnPrinter, KeepsToThePageSetup) {
   };
   Print({kAccept}, givesUp);
   EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-  const Answer upright = [](QDialog& dialog) {
+  const Answer onA4 = [](QDialog& dialog) {
     QTimer::singleShot(0, &dialog, [] {
       auto* properties = qobject_cast<QDialog*>(QApplication::activeModalWidget());
       EXPECT_EQ(properties->findChild<QDoubleSpinBox*>("leftMargin")->value(), 25);
-      properties->findChild<QRadioButton*>("portrait")->click();
+      properties->findChild<QComboBox*>("pageSizeCombo")->setCurrentText("A4");
       properties->accept();
     });
     dialog.findChild<QPushButton*>("properties")->click();
     dialog.accept();
   };
-  Print({kLandscape, upright});
-  EXPECT_EQ(Sheets(), "7 of 612 x 792") << "for this job";
+  Print({kLandscape, onA4});
+  EXPECT_EQ(Sheets(), "7 of 595 x 842") << "for this job";
   const Answer offers = [](QDialog& dialog) {
     const PrintDialogFields fields(dialog);
     EXPECT_TRUE(fields.Reverse->isHidden());
