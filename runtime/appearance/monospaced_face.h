@@ -1,12 +1,13 @@
 #pragma once
 
+class QFont;
 class QString;
 
 namespace peakwright {
 
-/// The family in which columns stay columns: `wanted` where its face on this machine is monospaced
-/// and no wider than usual (ten pixels a character at a size of 16), else the system's monospaced
-/// one, else the first such on the machine. `wanted` where there is none.
-QString MonospacedFamily(const QString& wanted);
+/// A font of 16 pixels in which columns stay columns: of the family `wanted` where its face on this
+/// machine is monospaced and no wider than usual (ten pixels a character), else of the system's
+/// monospaced one, else of the first such on the machine. Of `wanted` where there is none.
+QFont MonospacedFont(const QString& wanted);
 
 }  // namespace peakwright

@@ -58,11 +58,8 @@ void DesktopTextArea::VerticalScrollPosition(std::int64_t line) {
 }
 
 void DesktopTextArea::FontName(std::string_view name) {
-  QFont font = Native<TextAreaView>().font();
-  font.setFamily(MonospacedFamily(ToQString(name)));
-  // A listing has nothing to shape, and is laid out more than twice as fast without.
-  font.setStyleHint(QFont::Monospace,
-                    QFont::StyleStrategy(QFont::PreferOutline | QFont::PreferNoShaping));
+  QFont font = MonospacedFont(ToQString(name));
+  font.setPixelSize(Native<TextAreaView>().font().pixelSize());
   Native<TextAreaView>().setFont(font);
 }
 

@@ -7,9 +7,7 @@
 namespace peakwright {
 
 TEST(MonospacedFace, KeepsTheReportsColumnsWhateverIsInstalled) {
-  QFont font(MonospacedFamily(QStringLiteral("Courier")));
-  font.setPixelSize(16);
-  const QFontMetricsF metrics(font);
+  const QFontMetricsF metrics(MonospacedFont(QStringLiteral("Courier")));
   const double row = metrics.horizontalAdvance(QString(45, u'0'));
   EXPECT_EQ(metrics.horizontalAdvance(QString(45, u'.')), row);
   EXPECT_LE(row, 460) << "a row is wider than the results";
