@@ -159,7 +159,6 @@ void OutlinedStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* 
   switch (element) {
     case PE_Frame:
     case PE_FrameLineEdit:
-    case PE_FrameMenu:
     case PE_PanelMenu:
     case PE_IndicatorCheckBox:
       Outline(*painter, option->rect, OutlineColor(*option, QPalette::Base));
