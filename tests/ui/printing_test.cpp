@@ -215,10 +215,11 @@ TEST_F(Printing, PutsEveryWordOnASheetOfAnyPaper) {
   }
 }
 
-TEST_F(Printing, KnowsTheRowsOfTheToolkitsPageSetup) {
+TEST_F(Printing, FindsEveryFieldInTheToolkitsDialogs) {
   QPrinter printer;
   const QPageSetupDialog pageSetup(&printer);
   const PageSetupFields page(pageSetup);
+  ASSERT_TRUE(page.AreComplete());
   QStringList numbers;
   QStringList orders;  // of names such as "Left to Right, Top to Bottom"
   for (int row = 0; row < page.PagesPerSheet->count(); ++row) {
@@ -229,6 +230,10 @@ TEST_F(Printing, KnowsTheRowsOfTheToolkitsPageSetup) {
   }
   EXPECT_EQ(numbers, QStringList(kPagesPerSheet.begin(), kPagesPerSheet.end()));
   EXPECT_EQ(orders, QStringList(kSheetOrder.begin(), kSheetOrder.end()));
+  const QPrintDialog printDialog(&printer);
+  const PrintDialogFields print(printDialog);
+  EXPECT_TRUE(print.Target && print.File && print.Copies && print.Reverse);
+  EXPECT_TRUE(print.PageListIsChosen && print.PageList);
 }
 
 /// With a print server that has a PDF printer.
