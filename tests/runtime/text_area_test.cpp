@@ -192,11 +192,6 @@ TEST(TextArea, TakesClicksAndKeysAsTheUserSeesTheText) {
   view.Undo();
   view.CheckLineCount();
   EXPECT_EQ(view.document()->defaultFont(), view.font());
-  view.ReplaceText("");
-  for (int i = 0; i < 100; ++i) view.InsertText("\u0645\u0631\u062d\u0628\u0627 ");
-  view.verticalScrollBar()->setValue(0);
-  view.resize(300, 400);
-  EXPECT_EQ(view.verticalScrollBar()->value(), 0);
 }
 
 TEST(TextArea, BreaksLongLinesWhereTheToolkitWould) {
