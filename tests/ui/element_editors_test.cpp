@@ -133,6 +133,7 @@ TEST_F(ElementEditors, GoThroughTheirStates) {
     EXPECT_EQ(State(main_), step.state) << step.what;
     EXPECT_EQ(Program::Marked("FileAdditionalelements"), main_.CheckBox2.Value());
   }
+  EXPECT_EQ(program_.LastException(), "");
 }
 
 TEST_F(ElementEditors, MakeSodiumOfXAndListIt) {
