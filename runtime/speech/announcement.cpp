@@ -76,6 +76,7 @@ void Announce(QWidget& window, std::string_view text) {
   // What a screen reader says of a window that comes forward would cut the words short.
   constexpr auto kLongestWait = std::chrono::milliseconds(300);
   auto* wait = new QTimer(&window);
+  wait->setSingleShot(true);
   QObject::connect(qGuiApp, &QGuiApplication::focusWindowChanged, wait, [wait](QWindow* front) {
     if (front != nullptr) wait->start(0);
   });

@@ -90,7 +90,7 @@ class DesktopWindow::NativeWindow : public QMainWindow {
     const QRect display = screen()->availableGeometry();
     const int least = height() - contentSize_.height() + centralWidget()->minimumHeight();
     const int lower = std::min(top + around + height() - (display.bottom() + 1), height() - least);
-    if (lower <= 0) return;
+    if (!resizeable_ || lower <= 0) return;
     contentSize_.rheight() -= lower;
     destroy();  // Once native, a resize would take the frame's place for the content's.
     resize(width(), height() - lower);
