@@ -128,6 +128,7 @@ TEST(Assistive, WhatIsNotShownTakesNothing) {
   Program::Choose("FileUpdate");
   WindowDownload& update = WindowDownload::Instance();
   ASSERT_FALSE(update.PushButton2.Visible());
+  EXPECT_EQ(update.Left(), program.Main().Left() + 10);
   Press(update.PushButton2);
   EXPECT_FALSE(update.ProgressBar1.Visible());
 
