@@ -141,7 +141,6 @@ std::unique_ptr<Graphics> PrinterSetup::ShowPrinterDialog(int pages) {
   QPrintDialog dialog(printer_.get());
   dialog.setMinMax(1, std::max(1, pages));
   dialog.setFromTo(1, std::max(1, pages));
-  dialog.setPrintRange(QPrintDialog::AllPages);
   const PrintDialogFields fields(dialog);
   CompleteFileDialog(dialog, fields);
   AcceptPageLists(dialog, fields);

@@ -26,9 +26,10 @@ using Answer = std::function<void(QDialog&)>;
 
 const Answer kAccept = &QDialog::accept;
 const Answer kCancel = &QDialog::reject;
-const Answer kLandscape = [](QDialog& dialog) {
+const Answer kLandscapeA4 = [](QDialog& dialog) {
   dialog.findChild<QRadioButton*>("landscape")->click();
   dialog.findChild<QComboBox*>("pagesPerSheetLayoutCombo")->setCurrentIndex(3);
+  dialog.findChild<QComboBox*>("pageSizeCombo")->setCurrentText("A4");
   dialog.accept();
 };
 const Answer kQuit = [](QDialog&) { QCoreApplication::quit(); };
@@ -141,6 +142,7 @@ TEST_F(Printing, KeepsThePageSetupThatWasAcceptedLast) {
   Print({kAccept, toFile_});
   EXPECT_EQ(Module1::psettings, kept);
   EXPECT_FALSE(QFile::exists(file_)) << "an empty text";
+  EXPECT_EQ(program_.LastException(), "");
   EXPECT_TRUE(QLoggingCategory::defaultCategory()->isWarningEnabled());
   for (const std::string& unreadable : {kept + " 1", "nan" + kept, "-" + kept, "9999" + kept,
                                         std::string("210 297 0 150 0 150 0 0 0")}) {
@@ -193,7 +195,7 @@ TEST_F(Printing, TellsThatTheFileCannotBeWritten) {
 TEST_F(Printing, PutsEveryWordOnASheetOfAnyPaper) {
   QString words;
   for (int i = 1; i <= 320; ++i) words += QString::number(i) + (i % 9 == 0 ? "\r" : "\t");
-  results_.Text(words.toStdString());
+  results_.Text("\xE2\x80\x8F" + words.toStdString());  // As if from right to left.
   for (const QPageSize::PageSizeId id :
        {QPageSize::A4, QPageSize::Letter, QPageSize::Legal, QPageSize::A0, QPageSize::A5,
         QPageSize::A10, QPageSize::Ledger, QPageSize::Envelope10, QPageSize::DoublePostcard}) {
@@ -281,18 +283,19 @@ TEST_F(PrintingOnPrinter, KeepsToThePageSetup) {
   };
   Print({kAccept}, givesUp);
   EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-  const Answer onA4 = [](QDialog& dialog) {
+  const Answer onLetter = [](QDialog& dialog) {
     QTimer::singleShot(0, &dialog, [] {
       auto* properties = qobject_cast<QDialog*>(QApplication::activeModalWidget());
       EXPECT_EQ(properties->findChild<QComboBox*>("pagesPerSheetLayoutCombo")->currentIndex(), 3);
-      properties->findChild<QComboBox*>("pageSizeCombo")->setCurrentText("A4");
+      EXPECT_EQ(properties->findChild<QComboBox*>("pageSizeCombo")->currentText(), "A4");
+      properties->findChild<QComboBox*>("pageSizeCombo")->setCurrentText("Letter");
       properties->accept();
     });
     dialog.findChild<QPushButton*>("properties")->click();
     dialog.accept();
   };
-  Print({kLandscape, onA4});
-  EXPECT_EQ(Sheets(), "7 of 595 x 842") << "for this job";
+  Print({kLandscapeA4, onLetter});
+  EXPECT_EQ(Sheets(), "7 of 612 x 792") << "for this job";
   const Answer offers = [](QDialog& dialog) {
     const PrintDialogFields fields(dialog);
     EXPECT_TRUE(fields.Reverse->isHidden());
@@ -331,10 +334,13 @@ TEST_F(PrintingOnPrinter, KeepsToThePageSetup) {
       dialog.findChild<QDoubleSpinBox*>("pageHeight")->setValue(700.5);
       dialog.findChild<QDoubleSpinBox*>("topMargin")->setValue(99);
       dialog.findChild<QComboBox*>("pagesPerSheetCombo")->setCurrentIndex(chosen[1].toInt());
+      dialog.findChild<QComboBox*>("pagesPerSheetLayoutCombo")->setCurrentIndex(5);
       dialog.accept();
     };
     Print({setUp, kAccept});
     EXPECT_EQ(Sheets(), setup.section(' ', 3)) << setup.toStdString();
+    const QString top = Read("pdftotext -layout " + file_ + " -").section('\n', 0, 0);
+    EXPECT_EQ(top.contains(" 37) "), chosen[1] == "2") << "beside the last of four pages";
     Print({kAccept, kAccept});
     EXPECT_EQ(Sheets(), setup.section(' ', 3)) << setup.toStdString();
   }
