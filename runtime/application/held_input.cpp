@@ -67,7 +67,7 @@ bool TakesEffectAtOnce(QObject& shortcutOf) {
 }  // namespace
 
 void HeldInput::Hold() {
-  if (waits_++ > 0 || isHolding_) return;
+  if (waits_++ > 0) return;
   isHolding_ = true;
   QCoreApplication::instance()->installEventFilter(this);
 }

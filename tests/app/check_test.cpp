@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "engine/global_strings.h"
+#include "runtime/application/held_input.h"
 #include "tests/support/listing_58.h"
 #include "tests/support/patience.h"
 #include "tests/support/program.h"
@@ -49,6 +50,8 @@ TEST_F(Check, KeepsWhatTheUserDoesAndCarriesItOutAfterwards) {
   QDragEnterEvent enter({}, Qt::CopyAction, &dragged, {}, {});
   QApplication::sendEvent(ToolkitSide::Of(main.textfield1), &enter);
   Program::Key(main.textfield1, Qt::Key_A, Qt::ControlModifier);
+  main.Pushbutton1.Press();
+  const auto top = main.textfield2.VerticalScrollPosition();
   const std::string before = program_.Results();
   EXPECT_NE(before.find("\n  Copyright"), std::string::npos);
   Begin();
@@ -67,6 +70,9 @@ TEST_F(Check, KeepsWhatTheUserDoesAndCarriesItOutAfterwards) {
   QTest::keyClick(window_, Qt::Key_R, Qt::ControlModifier);
   const QPoint more = ToolkitSide::Of(main.PushButton3)->mapTo(ToolkitSide::Of(main), QPoint(8, 8));
   QTest::mouseClick(window_, Qt::LeftButton, {}, more);
+  QTest::mouseDClick(window_, Qt::LeftButton, {}, QPoint(100, 300));
+  QWheelEvent wheel({100, 300}, {100, 300}, {}, {0, 240}, {}, {}, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(window_, &wheel);
   Program::Choose("FileUpdate");
   Program::Choose("FileElementdata");
   QTest::qWait(50);
@@ -74,6 +80,7 @@ TEST_F(Check, KeepsWhatTheUserDoesAndCarriesItOutAfterwards) {
   const QAction& isotopes = *ToolkitSide::Of(*Menu::Instance().Lookup("FileElementdata"));
   EXPECT_FALSE(isotopes.isChecked());
   EXPECT_EQ(program_.Results(), before);
+  EXPECT_EQ(main.textfield2.VerticalScrollPosition(), top);
   EXPECT_FALSE(IsShown());
   End();
   ASSERT_TRUE(WaitFor([] { return IsShown(); }));
@@ -95,6 +102,7 @@ TEST_F(Check, ClosesItsWindowAfterwardsIfAskedMeanwhile) {
   WindowDownload::Instance().PushButton1.Press();
   WindowDownload::Instance().PushButton1.Press();
   Program::Choose("FileUpdate");
+  ToolkitSide::Input().Keep(*window, [] { ADD_FAILURE() << "for a window that is gone"; });
   QTest::keyClick(window_, Qt::Key_7);
   QTest::qWait(50);
   EXPECT_NE(window, nullptr);
@@ -116,6 +124,10 @@ TEST_F(Check, EndsAtOnceWithTheProgram) {
       [&] { QTest::keyClick(window_, Qt::Key_Q, Qt::ControlModifier); },
       [] { Program::Choose("FileQuit"); },
       [&] {
+        Program::Focus(program_.Main().textfield1);
+        QTest::keyClick(window_, Qt::Key_F, Qt::AltModifier);
+        EXPECT_NE(QApplication::activePopupWidget(), nullptr);
+        QTest::keyClick(window_, Qt::Key_Escape);
         QTest::mousePress(window_, Qt::LeftButton, {}, QPoint(8, 8));
         QWidget* menu = QApplication::activePopupWidget();
         for (const auto& key : {Qt::Key_Up, Qt::Key_Return}) {
@@ -143,6 +155,8 @@ TEST_F(Check, EndsAtOnceWithTheProgram) {
     WindowDownload::Instance().Close();
     QTest::qWait(10);
   }
+  QTimer::singleShot(0, &server_, [] { DesktopApplication::Current().Quit(7); });
+  EXPECT_EQ(program_.Run(), 7);
 }
 
 }  // namespace

@@ -32,6 +32,10 @@ TEST_F(Ending, OfAWindowWaitsForItsHandlers) {
     EXPECT_NE(window_, nullptr);
   };
   QTest::mouseClick(ToolkitSide::Of(Update().PushButton1), Qt::LeftButton);
+  app_.Raise([&] {  // Before the event loop has come to it.
+    QTest::qWait(50);
+    EXPECT_NE(window_, nullptr);
+  });
   EXPECT_TRUE(WaitFor([&] { return window_ == nullptr; }));
 }
 

@@ -1,7 +1,5 @@
 // The main window under its user's keys and clicks.
 
-#include <stdexcept>
-
 #include <QAbstractScrollArea>
 #include <QClipboard>
 #include <QDialog>
@@ -10,7 +8,6 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QScrollBar>
-#include <QTimer>
 #include <gtest/gtest.h>
 
 #include "engine/run.h"
@@ -300,18 +297,6 @@ TEST_F(MainWindow, EndsOnItsDisplayAndTheResultsGiveWay) {
   EXPECT_EQ(ToolkitSide::Of(main_)->windowFlags() & kButtons, kButtons);
   EXPECT_EQ(main_.Height() < 650, display.height() < 700) << main_.Height();
   EXPECT_EQ(ToolkitSide::Of(main_.textfield2)->geometry(), QRect(8, 48, 492, main_.Height() - 50));
-}
-
-TEST_F(MainWindow, GoesOnAfterAnExceptionAndEndsWithZero) {
-  main_.CheckForUpdates = [] { throw std::runtime_error("no luck"); };
-  Program::Choose("FileUpdate");
-  EXPECT_EQ(program_.LastException(), "no luck");
-  EXPECT_EQ(program_.Results(), start_);
-  for (const auto& end : {std::function<void()>([&] { ToolkitSide::Of(main_)->close(); }),
-                          std::function<void()>([] { Program::Choose("FileQuit"); })}) {
-    QTimer::singleShot(0, QApplication::instance(), end);
-    EXPECT_EQ(program_.Run(), 0);
-  }
 }
 
 }  // namespace
