@@ -3,6 +3,7 @@
 #include "runtime/appearance/appearance.h"
 
 #include <QCheckBox>
+#include <QDir>
 #include <QDoubleSpinBox>
 #include <QImage>
 #include <QLabel>
@@ -146,6 +147,10 @@ void CheckSlider(const QPlainTextEdit& area) {
     };
     EXPECT_GE(Contrast(at(20), at(bar.height() - 20)), 3) << scale;
   }
+  const QImage free = bar.grab().toImage();
+  QTest::mousePress(&bar, Qt::LeftButton, {}, {5, bar.height() - 20});
+  EXPECT_NE(bar.grab().toImage(), free) << "held";
+  QTest::mouseRelease(&bar, Qt::LeftButton);
 }
 
 /// White on black with a bright highlight, as systems have it for those who see little.
@@ -171,6 +176,7 @@ void CheckDefault(TextWindow& main) {
       differing += Contrast(run.pixelColor(i % 8, i / 8), clear.pixelColor(i % 8, i / 8)) > 1.4;
     }
     EXPECT_GE(differing, 20);
+    EXPECT_EQ(run.pixel(2, 10), run.pixel(6, 10)) << "no ring without the focus";
     CheckControls(*ToolkitSide::ContentOf(main));
   }
 }
@@ -202,6 +208,12 @@ TEST(Appearance, CanBeSeenLightDarkAndInHighContrast) {
     Window3::Instance().Show();
     program.Main().CheckForUpdates();
     QApplication::processEvents();
+    // Where the toolkit can't start a thread to paint with, it waits for one without end.
+    for (const QFileInfo& task : QDir("/proc/self/task").entryInfoList({"[0-9]*"})) {
+      QFile name(task.filePath() + "/comm");
+      EXPECT_FALSE(appearance == "light" && name.open(QFile::ReadOnly) &&
+                   name.readAll().startsWith("Thread (pooled)"));
+    }
     CheckSlider(static_cast<const QPlainTextEdit&>(*ToolkitSide::Of(program.Main().textfield2)));
     CheckDialogControls(*ToolkitSide::ContentOf(Window3::Instance()));
     CheckDefault(program.Main());
