@@ -12,6 +12,7 @@
 #include <QTimer>
 #include <gtest/gtest.h>
 
+#include "runtime/memory.h"
 #include "tests/support/listing_58.h"
 #include "tests/support/program.h"
 
@@ -72,6 +73,9 @@ void LimitMemory(rlim_t megabytes = 0) {
   QString told;
   if (QMessageBox* box = Program::Box()) told = box->informativeText(), box->accept();
   run("58");
+  LimitMemory(256);
+  for (int look = 0; look < 4; ++look) RequireMemory(128 << 20);
+  EXPECT_THROW(RequireMemory(320 << 20), std::bad_alloc);
   LimitMemory();
   QFile::remove(file);
   if (command.give == kCommands[0].give && told.isEmpty()) expected += expected;
@@ -79,7 +83,7 @@ void LimitMemory(rlim_t megabytes = 0) {
   const QString sentence = QString("There is not enough memory for %1.").arg(command.needs);
   const bool mayGo = told.isEmpty() && (megabytes > 16 || *command.needs == '\0');
   std::cerr << "told: " << told.toStdString() << ", whole: " << isWhole;
-  _exit(isWhole && (told == sentence || mayGo) ? 0 : 1);
+  _exit(!testing::Test::HasFailure() && isWhole && (told == sentence || mayGo) ? 0 : 1);
 }
 
 TEST(LittleMemory, LeavesTheResultsWholeAndTellsWhatItDidNotSufficeFor) {
