@@ -241,7 +241,10 @@ TEST_F(ElementEditors, GoBackToTheWindowThatTheyWereOpenedFrom) {
   }
   Program::Focus(isotopes_.ListBox1);
   DoubleClickRow(4);
+  Program::Focus(isotopes_.ListBox1);
+  Program::Focus(counts_.textfield1(0));
   isotopes_.Hide();
+  EXPECT_EQ(inFront(), ToolkitSide::Of(counts_));
   Program::Key(editor_.PushButton1, Qt::Key_Return);
   EXPECT_EQ(inFront(), ToolkitSide::Of(main_));
 }
