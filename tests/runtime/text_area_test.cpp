@@ -185,8 +185,8 @@ TEST(TextArea, TakesClicksAndKeysAsTheUserSeesTheText) {
   view.InsertText("one two");
   QTest::mouseClick(shown, Qt::LeftButton, Qt::ShiftModifier, pointOf(2));
   EXPECT_EQ(selected(), "e two");
-  view.InsertText("x");
-  EXPECT_EQ(view.Text(), "onx");
+  view.InsertText("x\ufdd0\ufdd1");  // The toolkit keeps them for itself.
+  EXPECT_EQ(view.Text(), "onx\ufffd\ufffd");
   view.setFont(QFont(QStringLiteral("Courier"), 30));
   view.Undo();
   view.Undo();
