@@ -109,7 +109,7 @@ TEST(TextArea, KeepsEveryLineEndThroughEditing) {
 
 TEST(TextArea, CountsAndScrollsByDisplayedLines) {
   ShownView view;
-  const std::string paragraph(300, 'x');
+  const std::string paragraph = std::string(300, 'x') + "\r\t\t\t\t\t\t\t\t\tx\n";
   const std::string text = Rows(1000, '\n') + "\r" + paragraph + "\r" + Rows(500, '\r') + "end";
   view.InsertText(text);
   std::vector<int> widths{492, 300, 1200, 90};
