@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include <QFontInfo>
+#include <QFont>
 #include <QPainter>
 #include <QTextLayout>
 #include <QTextOption>
@@ -36,7 +36,7 @@ bool NeedsShaping(std::string_view text) {
 
 QFont ToPrintedFont(QFont font, bool shaped) {
   if (shaped) font.setStyleStrategy(QFont::PreferOutline);
-  font.setPixelSize(QFontInfo(font).pixelSize() * kLayoutUnits);
+  font.setPixelSize(font.pixelSize() * kLayoutUnits);
   font.setHintingPreference(QFont::PreferNoHinting);
   return font;
 }
