@@ -82,8 +82,7 @@ void WindowDownload::ShowResult(const std::optional<std::string>& reply) {
     PushButton1.Caption("Later");
     PushButton2.Visible(true);
   }
-  StaticText1.Text(result_.text, result_.reply);
-  Announce(StaticText1.Text());
+  Tell(result_.text, result_.reply);
 }
 
 void WindowDownload::PushButton1_Pressed() { Close(); }
@@ -111,10 +110,13 @@ void WindowDownload::FileDownloader_Error(const NetworkException& error) {
   ShowDownload(false);
   ProgressBar1.Value(0);
   ProgressBar1.MaximumValue(kProgressMaximum);
-  StaticText1.Text(error.Why() == NetworkException::Cause::Storage
-                       ? NotSavedText(error.what(), Module1::CR)
-                       : NoConnectionText(Module1::CR));
-  Announce(StaticText1.Text());
+  Tell(error.Why() == NetworkException::Cause::Storage ? NotSavedText(error.what(), Module1::CR)
+                                                       : NoConnectionText(Module1::CR));
+}
+
+void WindowDownload::Tell(const std::string& text, TextRange reply) {
+  StaticText1.Text(text, reply);
+  Announce(text);
 }
 
 void WindowDownload::ShowDownload(bool visible) {

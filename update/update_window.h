@@ -62,6 +62,7 @@ class WindowDownload : public DesktopWindow {
 
   /// Shows what comes of the check; without a reply there was no connection.
   void ShowResult(const std::optional<std::string>& reply);
+  void Tell(const std::string& text, TextRange reply = {});
   void ShowDownload(bool visible);
 
   UpdateSurroundings surroundings_;
