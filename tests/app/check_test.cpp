@@ -23,6 +23,9 @@ class Check : public testing::Test {
   Check() {
     server_.listen(QHostAddress::LocalHost);
     EXPECT_TRUE(Module1::websource.starts_with("https://") && Module1::websource.ends_with("/"));
+    EXPECT_EQ(Module1::appname, "Peakwright.app");
+    EXPECT_TRUE(Module1::version.starts_with(qApp->applicationVersion().toStdString() + ' '));
+    EXPECT_EQ(QGuiApplication::desktopFileName(), "peakwright") << "as its file is called";
     Module1::websource = "https://127.0.0.1:" + std::to_string(server_.serverPort()) + "/";
   }
 
