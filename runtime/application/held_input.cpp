@@ -57,6 +57,19 @@ bool IsForMenus(const QEvent& event) {
   return qobject_cast<QMenuBar*>(QApplication::widgetAt(at)) != nullptr;
 }
 
+/// A copy for later. The toolkit's own would follow the mouse to where it goes meanwhile.
+std::function<std::shared_ptr<QEvent>()> CopyOf(const QEvent& event) {
+  if (event.type() < QEvent::MouseButtonPress || event.type() > QEvent::MouseMove) {
+    return [copy = std::shared_ptr<QEvent>(event.clone())] { return copy; };
+  }
+  const auto& mouse = static_cast<const QMouseEvent&>(event);
+  return [type = mouse.type(), at = mouse.position(), inScene = mouse.scenePosition(),
+          global = mouse.globalPosition(), button = mouse.button(), buttons = mouse.buttons(),
+          with = mouse.modifiers()] {
+    return std::make_shared<QMouseEvent>(type, at, inScene, global, button, buttons, with);
+  };
+}
+
 /// Whether a shortcut opens a menu or ends the program.
 bool TakesEffectAtOnce(QObject& shortcutOf) {
   const auto* action = qobject_cast<QAction*>(&shortcutOf);
@@ -88,9 +101,8 @@ void HeldInput::KeepEvent(QObject& receiver, const QEvent& event) {
   if (isDrag && !kept_.empty() && kept_.back().IsDrag && kept_.back().Receiver == &receiver) {
     kept_.pop_back();
   }
-  Keep(receiver, [&receiver, copy = std::shared_ptr<QEvent>(event.clone())] {
-    QCoreApplication::sendEvent(&receiver, copy.get());
-  });
+  Keep(receiver,
+       [&receiver, copy = CopyOf(event)] { QCoreApplication::sendEvent(&receiver, copy().get()); });
   kept_.back().IsDrag = isDrag;
 }
 
