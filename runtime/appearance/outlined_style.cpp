@@ -127,6 +127,20 @@ void DrawDefaultButton(QPainter& painter, const QStyleOptionButton& marked) {
   Outline(painter, marked.rect - kLine - kLine, ActiveColor(marked, QPalette::HighlightedText));
 }
 
+// Scroll bars and progress are drawn plain: shades and stripes the toolkit draws by threads of its
+// own, for which it waits without end where memory is too short for them.
+
+/// Fills what is done; false if nobody knows how much that is.
+bool FillProgress(QPainter& painter, const QStyleOption& option) {
+  const auto& bar = static_cast<const QStyleOptionProgressBar&>(option);
+  const double whole = static_cast<double>(bar.maximum) - bar.minimum;
+  if (whole <= 0) return false;
+  QRect done = bar.rect - kLine;
+  done.setWidth(static_cast<int>(done.width() * ((bar.progress - bar.minimum) / whole)));
+  painter.fillRect(done, ActiveColor(bar, QPalette::Highlight));
+  return true;
+}
+
 /// Fills what is moved by the mouse, which stays clear of the edges.
 void FillSlider(QPainter& painter, const QStyleOptionSlider& bar, const QRect& slider) {
   constexpr int kClear = 3;
@@ -186,6 +200,11 @@ void OutlinedStyle::drawControl(ControlElement element, const QStyleOption* opti
     QProxyStyle::drawControl(element, &marked, painter, widget);
     return;
   }
+  if (element == CE_ProgressBarContents && FillProgress(*painter, *option)) return;
+  if (element == CE_ProgressBarGroove) {
+    painter->fillRect(option->rect, ActiveColor(*option, QPalette::Base));
+    return;
+  }
   QProxyStyle::drawControl(element, option, painter, widget);
   if (element != CE_ProgressBar) return;
   Outline(*painter, option->rect, OutlineColor(*option, QPalette::Base));
@@ -194,8 +213,6 @@ void OutlinedStyle::drawControl(ControlElement element, const QStyleOption* opti
 void OutlinedStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                        QPainter* painter, const QWidget* widget) const {
   if (control == CC_ScrollBar) {
-    // The toolkit would draw track and slider in shades, by threads of its own, for which it waits
-    // without end where memory is too short for them.
     QStyleOptionSlider ends = static_cast<const QStyleOptionSlider&>(*option);
     ends.subControls &= SC_ScrollBarSubLine | SC_ScrollBarAddLine;
     painter->fillRect(ends.rect, ActiveColor(ends, QPalette::Window));

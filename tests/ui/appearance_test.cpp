@@ -207,6 +207,8 @@ TEST(Appearance, CanBeSeenLightDarkAndInHighContrast) {
     Window2::Instance().Edit(5);
     Window3::Instance().Show();
     program.Main().CheckForUpdates();
+    WindowDownload::Instance().ProgressBar1.Visible(true);
+    WindowDownload::Instance().ProgressBar1.Value(50);
     QApplication::processEvents();
     // Where the toolkit can't start a thread to paint with, it waits for one without end.
     for (const QFileInfo& task : QDir("/proc/self/task").entryInfoList({"[0-9]*"})) {
@@ -214,6 +216,7 @@ TEST(Appearance, CanBeSeenLightDarkAndInHighContrast) {
       EXPECT_FALSE(appearance == "light" && name.open(QFile::ReadOnly) &&
                    name.readAll().startsWith("Thread (pooled)"));
     }
+    WindowDownload::Instance().ProgressBar1.Visible(false);
     CheckSlider(static_cast<const QPlainTextEdit&>(*ToolkitSide::Of(program.Main().textfield2)));
     CheckDialogControls(*ToolkitSide::ContentOf(Window3::Instance()));
     CheckDefault(program.Main());
