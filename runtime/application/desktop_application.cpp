@@ -154,7 +154,6 @@ void DesktopApplication::PrepareToTell() {
       std::make_unique<QMessageBox>(QMessageBox::Warning, QApplication::applicationName(),
                                     QStringLiteral("The last command could not be completed."),
                                     QMessageBox::Ok, ToolkitSide::DocumentWindow());
-  exceptions_->setWindowModality(Qt::ApplicationModal);
   const auto keep = [this] { reserve_.reset(new (std::nothrow) char[kReserve]); };
   QObject::connect(exceptions_.get(), &QDialog::finished, keep);
   keep();

@@ -57,7 +57,8 @@ bool IsForMenus(const QEvent& event) {
   return qobject_cast<QMenuBar*>(QApplication::widgetAt(at)) != nullptr;
 }
 
-/// A copy for later. The toolkit's own would follow the mouse to where it goes meanwhile.
+/// Makes a copy when it is wanted: one of a mouse event that is made before, by the toolkit or by
+/// us, follows the mouse to where it goes meanwhile.
 std::function<std::shared_ptr<QEvent>()> CopyOf(const QEvent& event) {
   if (event.type() < QEvent::MouseButtonPress || event.type() > QEvent::MouseMove) {
     return [copy = std::shared_ptr<QEvent>(event.clone())] { return copy; };
